@@ -1,0 +1,56 @@
+// vkfactuven: the command-line host of the sales invoicing library.
+#include "Argumentos.h"
+#include "OrdenInit.h"
+
+#include <ErrorBd.h>
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace {
+
+const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
+
+Órdenes:
+  init  [--db DB] [--demo]   crea o actualiza los catálogos de la empresa y sus datos
+                             de referencia; con --demo añade una empresa de demostración
+  demo  [--db DIR]           empresa de demostración en SQLite y resumen de lo pendiente
+
+DB es un directorio (SQLite), sqlite:DIR?catalogo=NOMBRE o
+postgresql://usuario@servidor:puerto/base?catalogo=nombre.
+Sin --db se usa VKFACTUVEN_DB y, si no está, ./datos.
+)";
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("vkfactuven"));
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    QStringList args = QCoreApplication::arguments().mid(1);
+    if (args.isEmpty() || args.first() == QLatin1String("--help") ||
+        args.first() == QLatin1String("-h") || args.first() == QLatin1String("ayuda")) {
+        out << QString::fromUtf8(kAyuda);
+        return args.isEmpty() ? 2 : 0;
+    }
+    const QString orden = args.takeFirst();
+    try {
+        if (orden == QLatin1String("init")) {
+            return vk::app::OrdenInit(args, out);
+        }
+        if (orden == QLatin1String("demo")) {
+            return vk::app::OrdenDemo(args, out);
+        }
+        err << QStringLiteral("Orden desconocida: %1\n\n").arg(orden) << QString::fromUtf8(kAyuda);
+        return 2;
+    } catch (const vk::app::ErrorUso& e) {
+        err << e.mensaje << Qt::endl;
+        return 2;
+    } catch (const vk::ErrorBd& e) {
+        err << QStringLiteral("Error: ") << e.Mensaje() << Qt::endl;
+        return 1;
+    }
+}

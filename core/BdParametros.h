@@ -1,0 +1,55 @@
+// The record of the company's one `Parametros` row, as the session keeps it.
+// A value set here lives in memory only, until the record is read again:
+// the issue options dialog relies on this to try settings for one run.
+#pragma once
+
+#include "Recordset.h"
+
+#include <QString>
+#include <QVariant>
+
+#include <vector>
+
+namespace vk {
+
+class BdParametro {
+public:
+    BdParametro(QString nombre, QVariant valor)
+        : nombre_(std::move(nombre)), valor_(std::move(valor)) {}
+
+    const QString& Name() const { return nombre_; }
+    const QVariant& Value() const { return valor_; }
+    void setValue(const QVariant& valor) { valor_ = valor; }
+
+    // Reads with the legacy default for NULL.
+    bool IsNull() const { return valor_.isNull(); }
+    qint64 Entero(qint64 siNulo = 0) const;
+    double Doble(double siNulo = 0.0) const;
+    QString Texto(const QString& siNulo = {}) const;
+    // A flag is set when it is not NULL and not 0.
+    bool Activo() const;
+
+private:
+    QString nombre_;
+    QVariant valor_;
+};
+
+class BdParametros {
+public:
+    // Takes the first row of the recordset; with no row every column is NULL.
+    void Carga(const Recordset& rs);
+
+    // Case-insensitive; a name that is not a column of the row throws ErrorBd.
+    BdParametro& Item(const QString& nombre);
+    const BdParametro& Item(const QString& nombre) const;
+    bool Existe(const QString& nombre) const { return buscar(nombre) >= 0; }
+    int Count() const { return static_cast<int>(items_.size()); }
+    bool TieneFila() const { return tieneFila_; }
+
+private:
+    int buscar(const QString& nombre) const;
+    std::vector<BdParametro> items_;
+    bool tieneFila_ = false;
+};
+
+} // namespace vk

@@ -1,0 +1,94 @@
+// The session on one company: the `MyBd` the host hands to the facade. It
+// owns the connection, the cached parameter record and the statement builder.
+#pragma once
+
+#include "BdCampos.h"
+#include "BdParametros.h"
+#include "CadenaConexion.h"
+#include "Conexion.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVariantList>
+
+#include <memory>
+#include <optional>
+
+namespace vk {
+
+enum class ModoApertura {
+    Existente, // the company must exist
+    Crea       // files or schemas are made if missing (init)
+};
+
+class BdSesion {
+public:
+    // Opens the company named by the connection string. Throws ErrorBd with a
+    // Spanish message when the string is bad, the server cannot be reached or
+    // the company does not exist.
+    static std::unique_ptr<BdSesion> Abre(const QString& cadena,
+                                          ModoApertura modo = ModoApertura::Existente);
+    static std::unique_ptr<BdSesion> Abre(const CadenaConexion& cadena,
+                                          ModoApertura modo = ModoApertura::Existente);
+
+    // A second session on the same server for the company's accounting
+    // catalog, "CONVKEMP" + the company id as 0000. It reuses this session's
+    // credentials.
+    std::unique_ptr<BdSesion> AbreContable(ModoApertura modo = ModoApertura::Existente) const;
+    // Name of that catalog, from the company's row in vkcomun.Emp.
+    QString CatalogoContable() const;
+
+    ~BdSesion();
+    BdSesion(const BdSesion&) = delete;
+    BdSesion& operator=(const BdSesion&) = delete;
+
+    // --- the members the library relies on ---
+    bool EsAdministrador();
+    BdParametros& Parametros() { return parametros_; }
+    int IdUsuario() const { return cadena_.idUsuario; }
+    void RecargaParametros(const QString& sSql = QStringLiteral("SELECT * FROM Parametros"));
+    bool ConexionActiva(Conexion& cn, QString& sTexto);
+
+    void Limpia(int = 0);
+    void Where(const QString& condicion, const QVariantList& parametros = {});
+    BdCampos& xlsCampos() { return campos_; }
+    void Tabla(const QString& tabla) { tabla_ = tabla.trimmed(); }
+    Conexion& cn() { return *cn_; }
+
+    // The builder never throws: a failed statement gives false and its text.
+    bool Borra(QString& sMensaje);
+    bool Update(QString& sMensaje);
+    // With `nuevoId`, the identity of the new row comes back from the insert
+    // itself (RETURNING), never from a later max().
+    bool Inserta(QString& sMensaje, qint64* nuevoId = nullptr);
+
+    // --- of this implementation ---
+    const CadenaConexion& cadena() const { return cadena_; }
+    const Dialecto& dialecto() const { return cn_->dialecto(); }
+    // The company catalog as the suite writes it in EMP_CATALOG (upper case).
+    QString Catalogo() const { return cadena_.catalogo.toUpper(); }
+    bool ExisteTabla(const QString& tabla, const QString& catalogo = {});
+
+private:
+    BdSesion(CadenaConexion cadena, std::unique_ptr<Conexion> cn);
+    static QString abreSqlite(const CadenaConexion& c, ModoApertura modo);
+    static QString abrePostgres(const CadenaConexion& c, ModoApertura modo);
+
+    // The SQL text of each column value ("?" or an expression), binding the
+    // values in order; false with a message when a value does not fit.
+    bool valores(QStringList& textos, QVariantList& params, QString& sMensaje) const;
+    bool ejecutaConstruida(const QString& sql, const QVariantList& params, QString& sMensaje,
+                           qint64* nuevoId = nullptr);
+    void vaciaConstructor();
+
+    CadenaConexion cadena_;
+    std::unique_ptr<Conexion> cn_;
+    BdParametros parametros_;
+
+    QString tabla_;
+    BdCampos campos_;
+    QString where_;
+    QVariantList whereParametros_;
+};
+
+} // namespace vk

@@ -1,0 +1,73 @@
+// The open connection of a session: the `cn` of the legacy code. Reads return
+// client-side recordsets; values always travel as bound parameters.
+#pragma once
+
+#include "Dialecto.h"
+#include "Recordset.h"
+
+#include <QString>
+#include <QVariant>
+#include <QVariantList>
+
+namespace vk {
+
+class Conexion {
+public:
+    Conexion(QString nombreConexion, Dialecto dialecto);
+    ~Conexion();
+    Conexion(const Conexion&) = delete;
+    Conexion& operator=(const Conexion&) = delete;
+
+    const Dialecto& dialecto() const { return dialecto_; }
+
+    // Runs one statement with `?` placeholders bound in order. A SELECT (or a
+    // statement with RETURNING) gives its rows; any other gives an empty
+    // recordset. A failure throws ErrorBd with the server's text.
+    Recordset Execute(const QString& sql, const QVariantList& parametros = {});
+    template <typename... T>
+    Recordset Execute(const QString& sql, const QVariant& primero, const T&... resto) {
+        return Execute(sql, QVariantList{primero, QVariant::fromValue(resto)...});
+    }
+    // Rows changed by the last statement that changed rows.
+    int RecordsAffected() const { return filasAfectadas_; }
+
+    // Transactions of the connection. A nested BeginTrans becomes a savepoint,
+    // so an inner step can be undone without losing the outer work.
+    int BeginTrans();
+    void CommitTrans();
+    void RollbackTrans();
+    int NivelTransaccion() const { return nivel_; }
+
+    bool EstaAbierta() const;
+    // Statements run on this connection, for the benchmarks.
+    qint64 Sentencias() const { return sentencias_; }
+
+private:
+    void ejecutaSimple(const QString& sql);
+
+    QString nombre_;
+    Dialecto dialecto_;
+    int nivel_ = 0;
+    int filasAfectadas_ = 0;
+    qint64 sentencias_ = 0;
+};
+
+// Rolls back unless Confirma() was called: a failed step never leaves half an
+// invoice behind.
+class Transaccion {
+public:
+    explicit Transaccion(Conexion& cn) : cn_(cn) { cn_.BeginTrans(); }
+    ~Transaccion();
+    Transaccion(const Transaccion&) = delete;
+    Transaccion& operator=(const Transaccion&) = delete;
+
+    void Confirma();
+    void Deshaz();
+    bool Abierta() const { return abierta_; }
+
+private:
+    Conexion& cn_;
+    bool abierta_ = true;
+};
+
+} // namespace vk

@@ -1,0 +1,163 @@
+#include "Recordset.h"
+
+#include "ErrorBd.h"
+
+#include <QDate>
+#include <QRegularExpression>
+
+namespace vk {
+
+namespace {
+
+bool esNumero(const QVariant& v) {
+    switch (v.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+    case QMetaType::Float:
+    case QMetaType::Short:
+    case QMetaType::Bool:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool iguales(const QVariant& a, const QVariant& b) {
+    if (a.isNull() || b.isNull()) {
+        return a.isNull() && b.isNull();
+    }
+    if (esNumero(a) || esNumero(b)) {
+        bool okA = false;
+        bool okB = false;
+        const double x = a.toDouble(&okA);
+        const double y = b.toDouble(&okB);
+        if (okA && okB) {
+            return x == y;
+        }
+    }
+    return a.toString().compare(b.toString(), Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+const QString& Campo::Name() const { return rs_->nombres_.at(indice_); }
+
+QVariant Campo::Value() const { return rs_->valor(indice_); }
+
+double Campo::Doble(double siNulo) const {
+    const QVariant v = Value();
+    return v.isNull() ? siNulo : v.toDouble();
+}
+
+qint64 Campo::Entero(qint64 siNulo) const {
+    const QVariant v = Value();
+    if (v.isNull()) {
+        return siNulo;
+    }
+    // A numeric column may come back as a double (PostgreSQL NUMERIC).
+    return v.typeId() == QMetaType::Double ? static_cast<qint64>(v.toDouble()) : v.toLongLong();
+}
+
+QString Campo::Texto(const QString& siNulo) const {
+    const QVariant v = Value();
+    return v.isNull() ? siNulo : v.toString();
+}
+
+QDate Campo::Fecha() const {
+    const QVariant v = Value();
+    if (v.isNull()) {
+        return {};
+    }
+    if (v.typeId() == QMetaType::QDate) {
+        return v.toDate();
+    }
+    if (v.typeId() == QMetaType::QDateTime) {
+        return v.toDateTime().date();
+    }
+    // SQLite keeps dates as ISO text.
+    return QDate::fromString(v.toString().left(10), Qt::ISODate);
+}
+
+Recordset::Recordset(QStringList nombres, std::vector<std::vector<QVariant>> filas)
+    : nombres_(std::move(nombres)), filas_(std::move(filas)) {}
+
+void Recordset::MoveNext() {
+    if (Eof()) {
+        throw ErrorBd(QStringLiteral("No hay más registros: el cursor está al final."));
+    }
+    ++pos_;
+}
+
+void Recordset::MovePrevious() {
+    if (Bof()) {
+        throw ErrorBd(QStringLiteral("No hay registros anteriores: el cursor está al principio."));
+    }
+    --pos_;
+}
+
+bool Recordset::Find(const QString& columna, const QVariant& valor) {
+    const int c = indice(columna);
+    if (c < 0) {
+        throw ErrorBd(QStringLiteral("No existe el campo «%1» en el resultado.").arg(columna));
+    }
+    if (pos_ < 0) {
+        pos_ = 0;
+    }
+    for (; pos_ < RecordCount(); ++pos_) {
+        if (iguales(filas_[pos_][c], valor)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool Recordset::Find(const QString& criterio) {
+    static const QRegularExpression forma(
+        QStringLiteral(R"(^\s*([A-Za-z_][\w]*)\s*=\s*(?:'((?:[^']|'')*)'|(-?[\d.]+))\s*$)"));
+    const auto m = forma.match(criterio);
+    if (!m.hasMatch()) {
+        throw ErrorBd(QStringLiteral("Criterio de búsqueda no válido: «%1».").arg(criterio));
+    }
+    if (m.capturedStart(2) >= 0) {
+        return Find(m.captured(1), m.captured(2).replace(QLatin1String("''"), QLatin1String("'")));
+    }
+    return Find(m.captured(1), m.captured(3).toDouble());
+}
+
+Campo Recordset::Fields(const QString& nombre) const {
+    const int c = indice(nombre);
+    if (c < 0) {
+        throw ErrorBd(QStringLiteral("No existe el campo «%1» en el resultado.").arg(nombre));
+    }
+    return Campo(*this, c);
+}
+
+Campo Recordset::Fields(int i) const {
+    if (i < 0 || i >= FieldCount()) {
+        throw ErrorBd(QStringLiteral("No existe el campo número %1 en el resultado.").arg(i));
+    }
+    return Campo(*this, i);
+}
+
+int Recordset::indice(const QString& nombre) const {
+    const QString buscado = nombre.trimmed();
+    for (int i = 0; i < nombres_.size(); ++i) {
+        if (nombres_[i].compare(buscado, Qt::CaseInsensitive) == 0) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+const QVariant& Recordset::valor(int columna) const {
+    if (Eof() || Bof()) {
+        throw ErrorBd(QStringLiteral(
+            "No hay registro actual: el cursor está antes del principio o después del final."));
+    }
+    return filas_[pos_][columna];
+}
+
+} // namespace vk

@@ -1,0 +1,17 @@
+// Reference data every company is born with: the Spanish tax rows with their
+// history, provinces, countries, street types and coded situations, plus the
+// first user and the company's parameter row.
+#pragma once
+
+#include "BdSesion.h"
+
+namespace vk {
+
+// Adds the rows of the shared catalog that are missing (matched by their
+// natural key, so a second run adds nothing). Returns the rows added.
+int SiembraDatosComunes(BdSesion& s);
+
+// The company's one Parametros row, when it has none.
+void SiembraDatosEmpresa(BdSesion& s);
+
+} // namespace vk

@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Installs the Debian packages the build, the tests and the demo need, only
+# those that are missing, so a second run costs nothing.
+set -euo pipefail
+
+paquetes=(
+    build-essential cmake ninja-build pkg-config
+    qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql
+    postgresql libpq-dev
+    libgtest-dev libgmock-dev googletest libbenchmark-dev
+    fonts-dejavu-core fonts-liberation2
+)
+
+faltan=()
+for p in "${paquetes[@]}"; do
+    if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed"; then
+        faltan+=("$p")
+    fi
+done
+
+if [ ${#faltan[@]} -eq 0 ]; then
+    exit 0
+fi
+
+echo "Instalando paquetes que faltan: ${faltan[*]}"
+sudo_cmd=()
+if [ "$(id -u)" -ne 0 ]; then
+    sudo_cmd=(sudo)
+fi
+export DEBIAN_FRONTEND=noninteractive
+"${sudo_cmd[@]}" apt-get update -qq
+"${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${faltan[@]}"

@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Throwaway PostgreSQL cluster for the tests: Unix socket only, in a folder of
+# its own, with durability switched off because nothing in it outlives the run.
+#   pg-prueba.sh start DIR    initdb (first time) and start; prints the socket folder
+#   pg-prueba.sh stop DIR     stop and remove the folder
+set -euo pipefail
+
+accion=${1:?start o stop}
+dir=${2:?carpeta}
+bin=$(ls -d /usr/lib/postgresql/*/bin 2>/dev/null | sort -V | tail -n 1)
+if [ -z "$bin" ]; then
+    echo "No se encuentra PostgreSQL (paquete postgresql)." >&2
+    exit 1
+fi
+
+# initdb refuses to run as root: the cluster then belongs to the postgres user.
+como=()
+if [ "$(id -u)" -eq 0 ]; then
+    como=(runuser -u postgres --)
+fi
+
+case "$accion" in
+start)
+    mkdir -p "$dir"
+    if [ "$(id -u)" -eq 0 ]; then chown postgres: "$dir"; fi
+    if [ -f "$dir/datos/postmaster.pid" ]; then
+        "${como[@]}" "$bin/pg_ctl" -D "$dir/datos" -m immediate stop >/dev/null 2>&1 || true
+    fi
+    if [ ! -f "$dir/datos/PG_VERSION" ]; then
+        "${como[@]}" "$bin/initdb" -D "$dir/datos" -U postgres -A trust -E UTF8 \
+            --locale=C.UTF-8 >"$dir/initdb.log" 2>&1 || { cat "$dir/initdb.log" >&2; exit 1; }
+    fi
+    "${como[@]}" "$bin/pg_ctl" -D "$dir/datos" -l "$dir/servidor.log" -w -t 60 \
+        -o "-k $dir -c listen_addresses='' -c fsync=off -c synchronous_commit=off \
+            -c full_page_writes=off -c max_connections=200" start >/dev/null \
+        || { cat "$dir/servidor.log" >&2; exit 1; }
+    echo "PostgreSQL de pruebas en $dir"
+    ;;
+stop)
+    if [ -f "$dir/datos/postmaster.pid" ]; then
+        "${como[@]}" "$bin/pg_ctl" -D "$dir/datos" -m fast stop >/dev/null 2>&1 || true
+    fi
+    rm -rf "$dir"
+    ;;
+*)
+    echo "Uso: $0 start|stop DIR" >&2
+    exit 2
+    ;;
+esac

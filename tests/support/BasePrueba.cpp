@@ -1,0 +1,86 @@
+#include "BasePrueba.h"
+
+#include <ErrorBd.h>
+
+#include <QAtomicInteger>
+#include <QCoreApplication>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+
+namespace vk::prueba {
+
+namespace {
+
+QString servidor() {
+    const QString host = qEnvironmentVariable("VKFACTUVEN_PG_HOST");
+    if (host.isEmpty()) {
+        throw ErrorBd(QStringLiteral("VKFACTUVEN_PG_HOST no está definido: ejecute las pruebas con "
+                                     "ctest, que arranca el servidor PostgreSQL de pruebas."));
+    }
+    return host;
+}
+
+// Runs one administrative statement on the cluster's maintenance database.
+void administra(const QString& sql) {
+    static QAtomicInteger<int> n = 0;
+    const QString nombre = QStringLiteral("vk_admin_%1").arg(n.fetchAndAddRelaxed(1));
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), nombre);
+        db.setHostName(servidor());
+        db.setDatabaseName(QStringLiteral("postgres"));
+        db.setUserName(QStringLiteral("postgres"));
+        if (!db.open()) {
+            throw ErrorBd(db.lastError().text());
+        }
+        QSqlQuery q(db);
+        if (!q.exec(sql)) {
+            throw ErrorBd(q.lastError().text());
+        }
+    }
+    QSqlDatabase::removeDatabase(nombre);
+}
+
+} // namespace
+
+QString CadenaServidorPrueba(const QString& baseDatos) {
+    return QStringLiteral("postgresql://postgres@/%1?host=%2").arg(baseDatos, servidor());
+}
+
+BasePrueba::BasePrueba(Motor motor) : motor_(motor) {
+    if (motor_ == Motor::SQLite) {
+        cadena_ = dir_.path();
+        return;
+    }
+    static QAtomicInteger<int> n = 0;
+    baseDatos_ = QStringLiteral("prueba_%1_%2")
+                     .arg(QCoreApplication::applicationPid())
+                     .arg(n.fetchAndAddRelaxed(1));
+    administra(QStringLiteral("CREATE DATABASE %1").arg(baseDatos_));
+    cadena_ = CadenaServidorPrueba(baseDatos_);
+}
+
+BasePrueba::~BasePrueba() {
+    if (!baseDatos_.isEmpty()) {
+        try {
+            administra(QStringLiteral("DROP DATABASE IF EXISTS %1 WITH (FORCE)").arg(baseDatos_));
+        } catch (const ErrorBd&) {
+            // The cluster is thrown away at the end of the run anyway.
+        }
+    }
+}
+
+QString BasePrueba::cadenaCatalogo(const QString& catalogo) const {
+    if (motor_ == Motor::SQLite) {
+        return QStringLiteral("sqlite:%1?catalogo=%2").arg(dir_.path(), catalogo);
+    }
+    return cadena_ + QStringLiteral("&catalogo=") + catalogo;
+}
+
+std::unique_ptr<BdSesion> BasePrueba::CreaEmpresa(const QString& catalogo) {
+    std::unique_ptr<BdSesion> s = BdSesion::Abre(cadenaCatalogo(catalogo), ModoApertura::Crea);
+    vk::CreaEmpresa(*s);
+    return s;
+}
+
+} // namespace vk::prueba
