@@ -3,7 +3,7 @@ BUILD ?= build
 DATOS ?= $(CURDIR)/datos
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps configure build demo test bench clean format
+.PHONY: all deps configure build demo test clean format
 
 all: build
 
@@ -23,9 +23,6 @@ demo: build
 
 test: build
 	@scripts/pruebas.sh $(BUILD)
-
-bench: build
-	@scripts/bench.sh $(BUILD)
 
 format:
 	@find core engine runs issue accounting reports suite ui app bench tests \

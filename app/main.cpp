@@ -3,10 +3,8 @@
 #include "OrdenInit.h"
 
 #include <ErrorBd.h>
-
 #include <QCoreApplication>
 #include <QTextStream>
-
 #include <cstdio>
 
 namespace {

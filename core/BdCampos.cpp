@@ -2,8 +2,7 @@
 
 namespace vk {
 
-void BdCampos::Add(const QString& nombre, TipoCampo tipo, const QVariant& valor,
-                   qint16 decimales) {
+void BdCampos::Add(const QString& nombre, TipoCampo tipo, const QVariant& valor, qint16 decimales) {
     const QString limpio = nombre.trimmed();
     for (BdCampo& c : campos_) {
         if (c.nombre.compare(limpio, Qt::CaseInsensitive) == 0) {

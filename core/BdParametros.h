@@ -7,7 +7,6 @@
 
 #include <QString>
 #include <QVariant>
-
 #include <vector>
 
 namespace vk {

@@ -1,7 +1,7 @@
 #include "BdSesion.h"
 
-#include "Esquema.h"
 #include "ErrorBd.h"
+#include "Esquema.h"
 #include "Redondeo.h"
 
 #include <QAtomicInteger>
@@ -64,38 +64,37 @@ std::unique_ptr<BdSesion> BdSesion::Abre(const QString& cadena, ModoApertura mod
 }
 
 std::unique_ptr<BdSesion> BdSesion::Abre(const CadenaConexion& c, ModoApertura modo) {
-    const QString nombre =
-        c.motor == Motor::SQLite ? abreSqlite(c, modo) : abrePostgres(c, modo);
+    const QString nombre = c.motor == Motor::SQLite ? abreSqlite(c, modo) : abrePostgres(c, modo);
     std::unique_ptr<BdSesion> s(
         new BdSesion(c, std::make_unique<Conexion>(nombre, Dialecto(c.motor))));
-    {
-        if (c.motor == Motor::SQLite) {
-            // Several processes write to one company: wait for the lock
-            // instead of failing, and let readers go on while one writes.
-            s->cn().Execute(QStringLiteral("PRAGMA journal_mode=WAL"));
-            s->cn().Execute(QStringLiteral("ATTACH DATABASE ? AS vkcomun"),
-                            {QDir(c.directorio).filePath(QStringLiteral("vkcomun.sqlite"))});
-            s->cn().Execute(QStringLiteral("PRAGMA vkcomun.journal_mode=WAL"));
-        } else {
-            const bool existe = !s->cn()
-                                     .Execute(QStringLiteral("SELECT 1 FROM pg_namespace WHERE "
-                                                             "nspname = ?"),
-                                              {c.catalogo})
-                                     .Eof();
-            if (!existe) {
-                if (modo == ModoApertura::Existente) {
-                    throw ErrorBd(QStringLiteral("No existe la empresa «%1» en %2. Créela con "
-                                                 "«vkfactuven init».")
-                                      .arg(c.catalogo.toUpper(), c.descripcion()));
-                }
-                s->cn().Execute(QStringLiteral("CREATE SCHEMA IF NOT EXISTS %1").arg(c.catalogo));
+    if (c.motor == Motor::SQLite) {
+        // Several processes write to one company: wait for the lock
+        // instead of failing, and let readers go on while one writes.
+        s->cn().Execute(QStringLiteral("PRAGMA journal_mode=WAL"));
+        s->cn().Execute(QStringLiteral("ATTACH DATABASE ? AS vkcomun"),
+                        {QDir(c.directorio).filePath(QStringLiteral("vkcomun.sqlite"))});
+        s->cn().Execute(QStringLiteral("PRAGMA vkcomun.journal_mode=WAL"));
+    } else {
+        const bool existe = !s->cn()
+                                 .Execute(QStringLiteral("SELECT 1 FROM pg_namespace WHERE "
+                                                         "nspname = ?"),
+                                          {c.catalogo})
+                                 .Eof();
+        if (!existe) {
+            if (modo == ModoApertura::Existente) {
+                throw ErrorBd(QStringLiteral("No existe la empresa «%1» en %2. Créela con "
+                                             "«vkfactuven init».")
+                                  .arg(c.catalogo.toUpper(), c.descripcion()));
             }
-            // The catalog name is a checked identifier, never user text.
-            s->cn().Execute(QStringLiteral("SET search_path TO %1").arg(c.catalogo));
+            s->cn().Execute(QStringLiteral("CREATE SCHEMA IF NOT EXISTS %1").arg(c.catalogo));
         }
-        if (s->ExisteTabla(QStringLiteral("Parametros"))) {
-            s->RecargaParametros();
-        }
+        // "already exists, skipping" and the like are not for people.
+        s->cn().Execute(QStringLiteral("SET client_min_messages TO warning"));
+        // The catalog name is a checked identifier, never user text.
+        s->cn().Execute(QStringLiteral("SET search_path TO %1").arg(c.catalogo));
+    }
+    if (s->ExisteTabla(QStringLiteral("Parametros"))) {
+        s->RecargaParametros();
     }
     return s;
 }
@@ -114,7 +113,8 @@ QString BdSesion::abreSqlite(const CadenaConexion& c, ModoApertura modo) {
                 QStringLiteral("Falta el catálogo común vkcomun.sqlite en %1.").arg(c.directorio));
         }
     } else if (!dir.mkpath(QStringLiteral("."))) {
-        throw ErrorBd(QStringLiteral("No se puede crear la carpeta de datos %1.").arg(c.directorio));
+        throw ErrorBd(
+            QStringLiteral("No se puede crear la carpeta de datos %1.").arg(c.directorio));
     }
     const QString nombre = nuevoNombreConexion();
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre);
@@ -132,7 +132,8 @@ QString BdSesion::abreSqlite(const CadenaConexion& c, ModoApertura modo) {
 
 QString BdSesion::abrePostgres(const CadenaConexion& c, ModoApertura) {
     if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QPSQL"))) {
-        throw ErrorBd(QStringLiteral("Falta el controlador de PostgreSQL de Qt (libqt6sql6-psql)."));
+        throw ErrorBd(
+            QStringLiteral("Falta el controlador de PostgreSQL de Qt (libqt6sql6-psql)."));
     }
     const QString nombre = nuevoNombreConexion();
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), nombre);
@@ -162,16 +163,16 @@ QString BdSesion::abrePostgres(const CadenaConexion& c, ModoApertura) {
 }
 
 QString BdSesion::CatalogoContable() const {
-    Recordset rs = cn_->Execute(
-        QStringLiteral("SELECT Emp_id FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
-        {Catalogo()});
+    Recordset rs =
+        cn_->Execute(QStringLiteral("SELECT Emp_id FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
+                     {Catalogo()});
     if (rs.Eof()) {
         throw ErrorBd(QStringLiteral("La empresa «%1» no figura en la tabla de empresas (Emp) del "
                                      "catálogo común.")
                           .arg(Catalogo()));
     }
-    return QStringLiteral("CONVKEMP%1").arg(rs.Fields(QStringLiteral("Emp_id")).Entero(), 4, 10,
-                                            QLatin1Char('0'));
+    return QStringLiteral("CONVKEMP%1")
+        .arg(rs.Fields(QStringLiteral("Emp_id")).Entero(), 4, 10, QLatin1Char('0'));
 }
 
 std::unique_ptr<BdSesion> BdSesion::AbreContable(ModoApertura modo) const {
@@ -179,8 +180,8 @@ std::unique_ptr<BdSesion> BdSesion::AbreContable(ModoApertura modo) const {
 }
 
 bool BdSesion::EsAdministrador() {
-    Recordset rs = cn_->Execute(QStringLiteral("SELECT Usu_Admin FROM vkcomun.Usu WHERE Usu_Id = ?"),
-                                {IdUsuario()});
+    Recordset rs = cn_->Execute(
+        QStringLiteral("SELECT Usu_Admin FROM vkcomun.Usu WHERE Usu_Id = ?"), {IdUsuario()});
     return !rs.Eof() && rs.Fields(QStringLiteral("Usu_Admin")).Entero() != 0;
 }
 
@@ -237,6 +238,10 @@ void BdSesion::vaciaConstructor() {
 }
 
 bool BdSesion::valores(QStringList& textos, QVariantList& params, QString& sMensaje) const {
+    if (!esIdentificador(tabla_) || campos_.Vacio()) {
+        sMensaje = QStringLiteral("Sentencia incompleta: falta la tabla o las columnas.");
+        return false;
+    }
     for (const BdCampo& c : campos_.campos()) {
         if (!esIdentificador(c.nombre)) {
             sMensaje = QStringLiteral("Nombre de columna no válido: «%1».").arg(c.nombre);
@@ -305,8 +310,8 @@ bool BdSesion::valores(QStringList& textos, QVariantList& params, QString& sMens
     return true;
 }
 
-bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
-                                 QString& sMensaje, qint64* nuevoId) {
+bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params, QString& sMensaje,
+                                 qint64* nuevoId) {
     try {
         Recordset rs = cn_->Execute(sql, params);
         if (nuevoId) {
@@ -316,37 +321,34 @@ bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
         vaciaConstructor();
         return true;
     } catch (const ErrorBd& e) {
-        sMensaje = e.Mensaje();
-        vaciaConstructor();
-        return false;
+        return rechaza(sMensaje, e.Mensaje());
     }
 }
 
+bool BdSesion::rechaza(QString& sMensaje, const QString& texto) {
+    sMensaje = texto;
+    vaciaConstructor();
+    return false;
+}
+
 bool BdSesion::Inserta(QString& sMensaje, qint64* nuevoId) {
-    if (!esIdentificador(tabla_) || campos_.Vacio()) {
-        sMensaje = QStringLiteral("Inserción incompleta: falta la tabla o las columnas.");
-        vaciaConstructor();
-        return false;
-    }
     QStringList textos;
     QVariantList params;
     if (!valores(textos, params, sMensaje)) {
-        vaciaConstructor();
-        return false;
+        return rechaza(sMensaje, sMensaje);
     }
     QStringList nombres;
     for (const BdCampo& c : campos_.campos()) {
         nombres << c.nombre;
     }
-    QString sql = QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                      .arg(tabla_, nombres.join(QStringLiteral(", ")),
-                           textos.join(QStringLiteral(", ")));
+    QString sql =
+        QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+            .arg(tabla_, nombres.join(QStringLiteral(", ")), textos.join(QStringLiteral(", ")));
     if (nuevoId) {
         const std::optional<QString> clave = esquema::ColumnaClave(tabla_);
         if (!clave) {
-            sMensaje = QStringLiteral("La tabla %1 no tiene clave autonumérica.").arg(tabla_);
-            vaciaConstructor();
-            return false;
+            return rechaza(sMensaje,
+                           QStringLiteral("La tabla %1 no tiene clave autonumérica.").arg(tabla_));
         }
         sql += QStringLiteral(" RETURNING ") + *clave;
     }
@@ -354,16 +356,10 @@ bool BdSesion::Inserta(QString& sMensaje, qint64* nuevoId) {
 }
 
 bool BdSesion::Update(QString& sMensaje) {
-    if (!esIdentificador(tabla_) || campos_.Vacio()) {
-        sMensaje = QStringLiteral("Actualización incompleta: falta la tabla o las columnas.");
-        vaciaConstructor();
-        return false;
-    }
     QStringList textos;
     QVariantList params;
     if (!valores(textos, params, sMensaje)) {
-        vaciaConstructor();
-        return false;
+        return rechaza(sMensaje, sMensaje);
     }
     QStringList asignaciones;
     for (int i = 0; i < campos_.Count(); ++i) {
@@ -377,9 +373,7 @@ bool BdSesion::Update(QString& sMensaje) {
 
 bool BdSesion::Borra(QString& sMensaje) {
     if (!esIdentificador(tabla_)) {
-        sMensaje = QStringLiteral("Borrado incompleto: falta la tabla.");
-        vaciaConstructor();
-        return false;
+        return rechaza(sMensaje, QStringLiteral("Borrado incompleto: falta la tabla."));
     }
     const QString sql = QStringLiteral("DELETE FROM %1 %2").arg(tabla_, where_);
     return ejecutaConstruida(sql.trimmed(), whereParametros_, sMensaje);

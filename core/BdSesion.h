@@ -10,7 +10,6 @@
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
-
 #include <memory>
 #include <optional>
 
@@ -80,6 +79,8 @@ private:
     bool ejecutaConstruida(const QString& sql, const QVariantList& params, QString& sMensaje,
                            qint64* nuevoId = nullptr);
     void vaciaConstructor();
+    // Empties the builder and gives false with the text, as every failure does.
+    bool rechaza(QString& sMensaje, const QString& texto);
 
     CadenaConexion cadena_;
     std::unique_ptr<Conexion> cn_;

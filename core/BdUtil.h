@@ -17,8 +17,7 @@ public:
     // nothing, so headless callers can keep the legacy calls.
     void ColorNormal(int) {}
     void ColorFoco(int) {}
-    template <typename Campo>
-    void FormateaCampo(Campo&, const QString&) {}
+    template <typename Campo> void FormateaCampo(Campo&, const QString&) {}
 
     // The connection the lookup reads from.
     void Prepara(Conexion& cn) { cn_ = &cn; }

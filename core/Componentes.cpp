@@ -17,9 +17,13 @@ void RegistraComponente(const QString& progId, FabricaComponente fabrica) {
     registro().insert(progId.toUpper(), std::move(fabrica));
 }
 
-void OlvidaComponente(const QString& progId) { registro().remove(progId.toUpper()); }
+void OlvidaComponente(const QString& progId) {
+    registro().remove(progId.toUpper());
+}
 
-bool ExisteComponente(const QString& progId) { return registro().contains(progId.toUpper()); }
+bool ExisteComponente(const QString& progId) {
+    return registro().contains(progId.toUpper());
+}
 
 std::unique_ptr<Componente> CreaObjeto(const QString& progId) {
     const auto it = registro().constFind(progId.toUpper());
@@ -36,7 +40,8 @@ std::unique_ptr<Componente> CreaObjeto(const QString& progId) {
 }
 
 void ErrorInterfazComponente(const QString& progId) {
-    throw ErrorBd(QStringLiteral("El objeto «%1» no ofrece la interfaz que se esperaba.").arg(progId));
+    throw ErrorBd(
+        QStringLiteral("El objeto «%1» no ofrece la interfaz que se esperaba.").arg(progId));
 }
 
 } // namespace vk

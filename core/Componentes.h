@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QString>
-
 #include <functional>
 #include <memory>
 
@@ -27,13 +26,11 @@ bool ExisteComponente(const QString& progId);
 std::unique_ptr<Componente> CreaObjeto(const QString& progId);
 
 // Creates it and checks it offers the interface the caller needs.
-template <typename T>
-std::unique_ptr<T> CreaObjeto(const QString& progId);
+template <typename T> std::unique_ptr<T> CreaObjeto(const QString& progId);
 
 [[noreturn]] void ErrorInterfazComponente(const QString& progId);
 
-template <typename T>
-std::unique_ptr<T> CreaObjeto(const QString& progId) {
+template <typename T> std::unique_ptr<T> CreaObjeto(const QString& progId) {
     std::unique_ptr<Componente> c = CreaObjeto(progId);
     T* t = dynamic_cast<T*>(c.get());
     if (!t) {

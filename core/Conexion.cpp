@@ -87,15 +87,11 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
     return Recordset(std::move(nombres), std::move(filas));
 }
 
-void Conexion::ejecutaSimple(const QString& sql) {
-    Execute(sql);
-}
-
 int Conexion::BeginTrans() {
     if (nivel_ == 0) {
-        ejecutaSimple(dialecto_.inicioTransaccion());
+        Execute(dialecto_.inicioTransaccion());
     } else {
-        ejecutaSimple(QStringLiteral("SAVEPOINT vk_nivel_%1").arg(nivel_));
+        Execute(QStringLiteral("SAVEPOINT vk_nivel_%1").arg(nivel_));
     }
     return ++nivel_;
 }
@@ -106,9 +102,9 @@ void Conexion::CommitTrans() {
     }
     --nivel_;
     if (nivel_ == 0) {
-        ejecutaSimple(QStringLiteral("COMMIT"));
+        Execute(QStringLiteral("COMMIT"));
     } else {
-        ejecutaSimple(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
+        Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
     }
 }
 
@@ -118,10 +114,10 @@ void Conexion::RollbackTrans() {
     }
     --nivel_;
     if (nivel_ == 0) {
-        ejecutaSimple(QStringLiteral("ROLLBACK"));
+        Execute(QStringLiteral("ROLLBACK"));
     } else {
-        ejecutaSimple(QStringLiteral("ROLLBACK TO SAVEPOINT vk_nivel_%1").arg(nivel_));
-        ejecutaSimple(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
+        Execute(QStringLiteral("ROLLBACK TO SAVEPOINT vk_nivel_%1").arg(nivel_));
+        Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
     }
 }
 

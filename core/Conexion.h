@@ -43,8 +43,6 @@ public:
     qint64 Sentencias() const { return sentencias_; }
 
 private:
-    void ejecutaSimple(const QString& sql);
-
     QString nombre_;
     Dialecto dialecto_;
     int nivel_ = 0;

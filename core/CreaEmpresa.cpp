@@ -30,8 +30,8 @@ Destino destinoDe(const BdSesion& s, Catalogo catalogo) {
 QSet<QString> columnasExistentes(BdSesion& s, const Destino& d, const QString& tabla) {
     QSet<QString> nombres;
     if (s.dialecto().esSQLite()) {
-        Recordset rs = s.cn().Execute(
-            QStringLiteral("SELECT name FROM pragma_table_info(?, ?)"), {tabla, d.esquemaLite});
+        Recordset rs = s.cn().Execute(QStringLiteral("SELECT name FROM pragma_table_info(?, ?)"),
+                                      {tabla, d.esquemaLite});
         for (; !rs.Eof(); rs.MoveNext()) {
             nombres.insert(rs.Fields(0).Texto().toLower());
         }
@@ -109,8 +109,9 @@ void creaTablas(BdSesion& s, Catalogo catalogo, ResumenCreacion& r) {
         }
         const Destino d = destinoDe(s, catalogo);
         s.cn().Execute(QStringLiteral("DROP VIEW IF EXISTS %1%2").arg(d.prefijo, v.nombre));
-        s.cn().Execute(QStringLiteral("CREATE VIEW %1%2 AS %3")
-                           .arg(d.prefijo, QString::fromUtf8(v.nombre), QString::fromUtf8(v.select)));
+        s.cn().Execute(
+            QStringLiteral("CREATE VIEW %1%2 AS %3")
+                .arg(d.prefijo, QString::fromUtf8(v.nombre), QString::fromUtf8(v.select)));
     }
 }
 
@@ -123,18 +124,17 @@ int versionDe(BdSesion& s, Catalogo catalogo) {
                            .arg(d.prefijo));
         return 0;
     }
-    Recordset rs =
-        s.cn().Execute(QStringLiteral("SELECT MAX(Ver_Numero) AS v FROM %1VersionEsquema")
-                           .arg(d.prefijo));
+    Recordset rs = s.cn().Execute(
+        QStringLiteral("SELECT MAX(Ver_Numero) AS v FROM %1VersionEsquema").arg(d.prefijo));
     return rs.Eof() ? 0 : static_cast<int>(rs.Fields(0).Entero());
 }
 
 void anotaVersion(BdSesion& s, Catalogo catalogo) {
     const Destino d = destinoDe(s, catalogo);
     s.cn().Execute(QStringLiteral("DELETE FROM %1VersionEsquema").arg(d.prefijo));
-    s.cn().Execute(QStringLiteral("INSERT INTO %1VersionEsquema (Ver_Numero) VALUES (?)")
-                       .arg(d.prefijo),
-                   {kVersionEsquema});
+    s.cn().Execute(
+        QStringLiteral("INSERT INTO %1VersionEsquema (Ver_Numero) VALUES (?)").arg(d.prefijo),
+        {kVersionEsquema});
 }
 
 int versionYCreacion(BdSesion& s, Catalogo catalogo, ResumenCreacion& r) {
@@ -164,7 +164,8 @@ qint64 registraEmpresa(BdSesion& s) {
     const auto m = digitos.match(s.Catalogo());
     if (m.hasMatch()) {
         id = m.captured(1).toLongLong();
-        if (!s.cn().Execute(QStringLiteral("SELECT 1 FROM vkcomun.Emp WHERE Emp_id = ?"), {id})
+        if (!s.cn()
+                 .Execute(QStringLiteral("SELECT 1 FROM vkcomun.Emp WHERE Emp_id = ?"), {id})
                  .Eof()) {
             id = 0;
         }
@@ -187,8 +188,9 @@ void CreaCatalogoContable(BdSesion& contable, ResumenCreacion& r) {
     Transaccion t(contable.cn());
     const int anterior = versionYCreacion(contable, Catalogo::Contable, r);
     t.Confirma();
-    r.lineas << (anterior == 0 ? QStringLiteral("Catálogo contable %1 creado.")
-                               : QStringLiteral("Catálogo contable %1 al día (versión %2)."))
+    r.lineas << (anterior == 0
+                     ? QStringLiteral("Catálogo contable %1 creado (esquema versión %2).")
+                     : QStringLiteral("Catálogo contable %1 al día (esquema versión %2)."))
                     .arg(contable.Catalogo())
                     .arg(kVersionEsquema);
 }

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QString>
-
 #include <optional>
 #include <vector>
 
@@ -13,22 +12,22 @@ namespace vk::esquema {
 
 // Column kinds by use. The DDL type of each kind depends on the backend.
 enum class Tipo {
-    Clave,       // identity primary key (INTEGER PRIMARY KEY AUTOINCREMENT / IDENTITY)
-    Id,          // reference to another table's key (32-bit)
-    Entero,      // whole number, codes, counters
-    Booleano,    // 0, 1 or -1 as the suite writes it; read as "not 0"
-    Texto,       // text of any length
-    Fecha,       // calendar date
-    Dinero,      // money, two decimals in practice
-    Porcentaje,  // percentage as a plain number (21 for 21%)
-    Precio,      // unit prices, six decimals
-    Doble,       // quantities, measures, weights
-    Binario      // pictures (the logo)
+    Clave,      // identity primary key (INTEGER PRIMARY KEY AUTOINCREMENT / IDENTITY)
+    Id,         // reference to another table's key (32-bit)
+    Entero,     // whole number, codes, counters
+    Booleano,   // 0, 1 or -1 as the suite writes it; read as "not 0"
+    Texto,      // text of any length
+    Fecha,      // calendar date
+    Dinero,     // money, two decimals in practice
+    Porcentaje, // percentage as a plain number (21 for 21%)
+    Precio,     // unit prices, six decimals
+    Doble,      // quantities, measures, weights
+    Binario     // pictures (the logo)
 };
 
 // What a row gets when the program that inserts it does not name the column.
 enum class Defecto {
-    PorTipo,  // 0 for numbers, '' for text, NULL for dates and binaries
+    PorTipo, // 0 for numbers, '' for text, NULL for dates and binaries
     Cero,
     Vacio,
     Nulo,
@@ -36,9 +35,9 @@ enum class Defecto {
 };
 
 enum class Catalogo {
-    Empresa,   // one per company (VKEMP0001 ...)
-    Comun,     // shared by all companies: vkcomun
-    Contable   // accounting catalog of a company: CONVKEMP + id as 0000
+    Empresa, // one per company (VKEMP0001 ...)
+    Comun,   // shared by all companies: vkcomun
+    Contable // accounting catalog of a company: CONVKEMP + id as 0000
 };
 
 struct Columna {

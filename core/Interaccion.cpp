@@ -8,9 +8,13 @@ namespace {
 Interaccion* g_interaccion = nullptr;
 } // namespace
 
-Interaccion* InteraccionActual() { return g_interaccion; }
+Interaccion* InteraccionActual() {
+    return g_interaccion;
+}
 
-void EstableceInteraccion(Interaccion* interaccion) { g_interaccion = interaccion; }
+void EstableceInteraccion(Interaccion* interaccion) {
+    g_interaccion = interaccion;
+}
 
 Interaccion& Ui() {
     if (!g_interaccion) {

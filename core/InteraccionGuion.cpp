@@ -51,8 +51,8 @@ std::optional<int> InteraccionGuion::Busca(const PeticionBusca& peticion) {
 }
 
 bool InteraccionGuion::MuestraDialogo(DialogoModelo& dialogo) {
-    vistos.push_back({MensajeVisto::Tipo::Dialogo, dialogo.Nombre(), dialogo.Nombre(),
-                      Icono::Ninguno});
+    vistos.push_back(
+        {MensajeVisto::Tipo::Dialogo, dialogo.Nombre(), dialogo.Nombre(), Icono::Ninguno});
     if (dialogos.empty()) {
         return false;
     }

@@ -6,7 +6,6 @@
 #include "Interaccion.h"
 
 #include <QTextStream>
-
 #include <deque>
 #include <functional>
 

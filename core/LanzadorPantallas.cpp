@@ -6,8 +6,12 @@ namespace {
 LanzadorPantallas* g_lanzador = nullptr;
 } // namespace
 
-LanzadorPantallas* LanzadorActual() { return g_lanzador; }
+LanzadorPantallas* LanzadorActual() {
+    return g_lanzador;
+}
 
-void EstableceLanzador(LanzadorPantallas* lanzador) { g_lanzador = lanzador; }
+void EstableceLanzador(LanzadorPantallas* lanzador) {
+    g_lanzador = lanzador;
+}
 
 } // namespace vk

@@ -43,9 +43,13 @@ bool iguales(const QVariant& a, const QVariant& b) {
 
 } // namespace
 
-const QString& Campo::Name() const { return rs_->nombres_.at(indice_); }
+const QString& Campo::Name() const {
+    return rs_->nombres_.at(indice_);
+}
 
-QVariant Campo::Value() const { return rs_->valor(indice_); }
+QVariant Campo::Value() const {
+    return rs_->valor(indice_);
+}
 
 double Campo::Doble(double siNulo) const {
     const QVariant v = Value();

@@ -47,9 +47,9 @@ Csv leeCsv(const QString& recurso) {
 struct Siembra {
     const char* recurso;
     const char* tabla;
-    QStringList clave;                 // natural key, columns of the table
+    QStringList clave;                        // natural key, columns of the table
     QList<QPair<QString, QString>> renombres; // file column -> table column
-    QList<QPair<QString, QVariant>> fijas;   // extra constant columns
+    QList<QPair<QString, QVariant>> fijas;    // extra constant columns
 };
 
 int siembra(BdSesion& s, const Siembra& def) {

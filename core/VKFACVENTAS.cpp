@@ -61,8 +61,8 @@ BdSesion& VKFACVENTAS::MyBd() const {
 
 void VKFACVENTAS::setMyBd(BdSesion& sesion) {
     bd_ = &sesion;
-    Recordset rs = sesion.cn().Execute(
-        QStringLiteral("SELECT * FROM ParamTextos WHERE PTex_Tipo = 0"));
+    Recordset rs =
+        sesion.cn().Execute(QStringLiteral("SELECT * FROM ParamTextos WHERE PTex_Tipo = 0"));
     if (rs.Eof()) {
         // The clause is not restored first: a second setting appends the
         // company's name once more, as the setter always did.
@@ -78,22 +78,30 @@ void VKFACVENTAS::jEditaFactura(const QString& sSerie, qint32 nNumero, bool bSol
         return;
     }
     muestra(QStringLiteral("frmEdicionFacturas"), {{QStringLiteral("serie"), sSerie},
-                                                  {QStringLiteral("numero"), nNumero},
-                                                  {QStringLiteral("cargar"), true},
-                                                  {QStringLiteral("soloLectura"), bSoloLectura}});
+                                                   {QStringLiteral("numero"), nNumero},
+                                                   {QStringLiteral("cargar"), true},
+                                                   {QStringLiteral("soloLectura"), bSoloLectura}});
 }
 
-void VKFACVENTAS::jFacturasVenta() { muestra(QStringLiteral("frmFacturasVenta")); }
+void VKFACVENTAS::jFacturasVenta() {
+    muestra(QStringLiteral("frmFacturasVenta"));
+}
 
 void VKFACVENTAS::jFacturasContrataciones() {
     muestra(QStringLiteral("frmFacturaContrataciones"));
 }
 
-void VKFACVENTAS::jInformeFacturasVenta() { muestra(QStringLiteral("frmInformeFacturas")); }
+void VKFACVENTAS::jInformeFacturasVenta() {
+    muestra(QStringLiteral("frmInformeFacturas"));
+}
 
-void VKFACVENTAS::jComparaVentas() { muestra(QStringLiteral("frmCompara")); }
+void VKFACVENTAS::jComparaVentas() {
+    muestra(QStringLiteral("frmCompara"));
+}
 
-void VKFACVENTAS::jInformeFacturasVenta2() { muestra(QStringLiteral("frmInformeFacturas2")); }
+void VKFACVENTAS::jInformeFacturasVenta2() {
+    muestra(QStringLiteral("frmInformeFacturas2"));
+}
 
 void VKFACVENTAS::jConexionContable(qint16 nOrigen, const QString& sConexion) {
     if (nOrigen == 1) {

@@ -2,7 +2,6 @@
 #include <BdSesion.h>
 #include <CadenaConexion.h>
 #include <ErrorBd.h>
-
 #include <gtest/gtest.h>
 
 namespace vk {
@@ -23,7 +22,8 @@ TEST(CadenaConexion, ReadsEveryForm) {
     EXPECT_EQ(c.directorio, QStringLiteral("/srv/datos"));
     EXPECT_EQ(c.catalogo, QStringLiteral("vkemp0001"));
 
-    c = CadenaConexion::Interpreta(QStringLiteral("sqlite:/srv/datos?catalogo=VKEMP0002&usuario=3"));
+    c = CadenaConexion::Interpreta(
+        QStringLiteral("sqlite:/srv/datos?catalogo=VKEMP0002&usuario=3"));
     EXPECT_EQ(c.motor, Motor::SQLite);
     EXPECT_EQ(c.directorio, QStringLiteral("/srv/datos"));
     EXPECT_EQ(c.catalogo, QStringLiteral("vkemp0002"));
@@ -50,12 +50,12 @@ TEST(CadenaConexion, ReadsEveryForm) {
 
 TEST(CadenaConexion, BadStringsAreClearSpanishErrors) {
     EXPECT_EQ(errorDe(QStringLiteral("  ")), QStringLiteral("La cadena de conexión está vacía."));
-    EXPECT_TRUE(errorDe(QStringLiteral("mysql://x/y")).startsWith(
-        QStringLiteral("Cadena de conexión no válida: «mysql://x/y».")));
-    EXPECT_TRUE(errorDe(QStringLiteral("postgresql://servidor")).startsWith(
-        QStringLiteral("Cadena de conexión no válida")));
-    EXPECT_TRUE(errorDe(QStringLiteral("sqlite:/tmp?catalogo=x;drop")).startsWith(
-        QStringLiteral("Nombre de catálogo no válido: «x;drop».")));
+    EXPECT_TRUE(errorDe(QStringLiteral("mysql://x/y"))
+                    .startsWith(QStringLiteral("Cadena de conexión no válida: «mysql://x/y».")));
+    EXPECT_TRUE(errorDe(QStringLiteral("postgresql://servidor"))
+                    .startsWith(QStringLiteral("Cadena de conexión no válida")));
+    EXPECT_TRUE(errorDe(QStringLiteral("sqlite:/tmp?catalogo=x;drop"))
+                    .startsWith(QStringLiteral("Nombre de catálogo no válido: «x;drop».")));
     EXPECT_TRUE(errorDe(QStringLiteral("sqlite:/tmp?catalogo=a&color=rojo"))
                     .contains(QStringLiteral("Opción desconocida «color»")));
     EXPECT_TRUE(errorDe(QStringLiteral("sqlite:/tmp?usuario=cero"))

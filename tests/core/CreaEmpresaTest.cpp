@@ -3,7 +3,6 @@
 
 #include <CreaEmpresa.h>
 #include <ErrorBd.h>
-
 #include <QDate>
 
 namespace vk::prueba {
@@ -64,8 +63,8 @@ TEST_P(Creacion, ReferenceDataKeepsItsHistory) {
         {QStringLiteral("011")});
     EXPECT_EQ(pais.Fields(0).Texto(), QStringLiteral("ESPAÑA"));
     EXPECT_EQ(pais.Fields(1).Texto(), QStringLiteral("ES"));
-    Recordset prov =
-        s->cn().Execute(QStringLiteral("SELECT PROV_Nom FROM vkcomun.PROV WHERE PROV_COD = ?"), {46});
+    Recordset prov = s->cn().Execute(
+        QStringLiteral("SELECT PROV_Nom FROM vkcomun.PROV WHERE PROV_COD = ?"), {46});
     EXPECT_EQ(prov.Fields(0).Texto(), QStringLiteral("Valencia/València"));
     EXPECT_EQ(cuenta(*s, QStringLiteral("SELECT COUNT(*) FROM vkcomun.Situaciones WHERE "
                                         "Sit_Proceso = 4 AND Sit_Idioma = 0")),
@@ -97,8 +96,10 @@ TEST_P(Creacion, RowsFromOtherProgramsGetDefaults) {
     auto s = base->CreaEmpresa();
     // Another program of the suite writes a note and a line with the columns it knows.
     s->cn().Execute(QStringLiteral("INSERT INTO Cav (Cav_Serie, Cav_Numero) VALUES ('A', 1)"));
-    const qint64 idCav = s->cn().Execute(QStringLiteral("SELECT MAX(Cav_Id) FROM Cav")).Fields(0).Entero();
-    s->cn().Execute(QStringLiteral("INSERT INTO Lav (Lav_IdCav, Lav_Des) VALUES (?, 'x')"), {idCav});
+    const qint64 idCav =
+        s->cn().Execute(QStringLiteral("SELECT MAX(Cav_Id) FROM Cav")).Fields(0).Entero();
+    s->cn().Execute(QStringLiteral("INSERT INTO Lav (Lav_IdCav, Lav_Des) VALUES (?, 'x')"),
+                    {idCav});
     Recordset cav = s->cn().Execute(QStringLiteral("SELECT * FROM Cav"));
     EXPECT_EQ(cav.Fields(QStringLiteral("Cav_Situa")).Entero(), 1); // pending
     EXPECT_TRUE(cav.Fields(QStringLiteral("Cav_IdFactura")).IsNull());
@@ -111,20 +112,22 @@ TEST_P(Creacion, RowsFromOtherProgramsGetDefaults) {
 
 TEST_P(Creacion, AddressViewComposesTheText) {
     auto s = base->CreaEmpresa();
-    s->cn().Execute(QStringLiteral("INSERT INTO Dir (Dir_sg, DIR_NOMBRE, Dir_Numero, Dir_Piso, "
-                                   "Dir_Puerta, DIR_CP, DIR_POBLACION) VALUES (?, ?, ?, ?, ?, ?, ?)"),
-                    {QStringLiteral("CL"), QStringLiteral("Mayor"), 12, QStringLiteral("3"),
-                     QStringLiteral("B"), QStringLiteral("46001"), QStringLiteral("Valencia")});
+    s->cn().Execute(
+        QStringLiteral("INSERT INTO Dir (Dir_sg, DIR_NOMBRE, Dir_Numero, Dir_Piso, "
+                       "Dir_Puerta, DIR_CP, DIR_POBLACION) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+        {QStringLiteral("CL"), QStringLiteral("Mayor"), 12, QStringLiteral("3"),
+         QStringLiteral("B"), QStringLiteral("46001"), QStringLiteral("Valencia")});
     s->cn().Execute(QStringLiteral("INSERT INTO Dir (DIR_NOMBRE) VALUES (?)"),
                     {QStringLiteral("Sin número")});
-    Recordset rs =
-        s->cn().Execute(QStringLiteral("SELECT dir_ID, direccion FROM qrydireccion ORDER BY dir_ID"));
+    Recordset rs = s->cn().Execute(
+        QStringLiteral("SELECT dir_ID, direccion FROM qrydireccion ORDER BY dir_ID"));
     ASSERT_EQ(rs.RecordCount(), 2);
     const QString primera = rs.Fields(QStringLiteral("direccion")).Texto();
     EXPECT_TRUE(primera.contains(QStringLiteral("Mayor 12"))) << primera.toStdString();
     EXPECT_TRUE(primera.contains(QStringLiteral("46001"))) << primera.toStdString();
     rs.MoveNext();
-    EXPECT_TRUE(rs.Fields(QStringLiteral("direccion")).Texto().contains(QStringLiteral("Sin número")));
+    EXPECT_TRUE(
+        rs.Fields(QStringLiteral("direccion")).Texto().contains(QStringLiteral("Sin número")));
 }
 
 VK_EN_AMBOS_MOTORES(Creacion);

@@ -4,7 +4,6 @@
 
 #include <BdSesion.h>
 #include <ErrorBd.h>
-
 #include <QDate>
 
 namespace vk::prueba {
@@ -63,8 +62,8 @@ TEST_P(Pasarela, RecordsetIsClientSideAndWalksBothWays) {
     Recordset otro = s->cn().Execute(QStringLiteral("SELECT COUNT(*) AS n FROM Age"));
     EXPECT_EQ(otro.Fields(QStringLiteral("n")).Entero(), 3);
     EXPECT_EQ(rs.Fields(QStringLiteral("Age_Nom")).Texto(), QStringLiteral("Ana"));
-    Recordset vacio =
-        s->cn().Execute(QStringLiteral("SELECT * FROM Age WHERE Age_Nom = ?"), {QStringLiteral("X")});
+    Recordset vacio = s->cn().Execute(QStringLiteral("SELECT * FROM Age WHERE Age_Nom = ?"),
+                                      {QStringLiteral("X")});
     EXPECT_TRUE(vacio.Eof() && vacio.Bof());
     EXPECT_EQ(vacio.RecordCount(), 0);
 

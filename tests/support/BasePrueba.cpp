@@ -1,7 +1,6 @@
 #include "BasePrueba.h"
 
 #include <ErrorBd.h>
-
 #include <QAtomicInteger>
 #include <QCoreApplication>
 #include <QSqlDatabase>

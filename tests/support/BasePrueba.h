@@ -5,11 +5,8 @@
 
 #include <BdSesion.h>
 #include <CreaEmpresa.h>
-
 #include <QTemporaryDir>
-
 #include <gtest/gtest.h>
-
 #include <memory>
 #include <string>
 

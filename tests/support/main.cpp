@@ -1,6 +1,5 @@
 // Test main: Qt's SQL drivers and resources want an application object.
 #include <QCoreApplication>
-
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
