@@ -162,17 +162,20 @@ QString BdSesion::abrePostgres(const CadenaConexion& c, ModoApertura) {
     return nombre;
 }
 
-QString BdSesion::CatalogoContable() const {
-    Recordset rs =
-        cn_->Execute(QStringLiteral("SELECT Emp_id FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
-                     {Catalogo()});
+qint64 BdSesion::IdEmpresa() const {
+    Recordset rs = cn_->Execute(
+        QStringLiteral("SELECT Emp_id FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
+        {Catalogo()});
     if (rs.Eof()) {
         throw ErrorBd(QStringLiteral("La empresa «%1» no figura en la tabla de empresas (Emp) del "
                                      "catálogo común.")
                           .arg(Catalogo()));
     }
-    return QStringLiteral("CONVKEMP%1")
-        .arg(rs.Fields(QStringLiteral("Emp_id")).Entero(), 4, 10, QLatin1Char('0'));
+    return rs.Fields(QStringLiteral("Emp_id")).Entero();
+}
+
+QString BdSesion::CatalogoContable() const {
+    return QStringLiteral("CONVKEMP%1").arg(IdEmpresa(), 4, 10, QLatin1Char('0'));
 }
 
 std::unique_ptr<BdSesion> BdSesion::AbreContable(ModoApertura modo) const {
@@ -220,6 +223,13 @@ bool BdSesion::ExisteTabla(const QString& tabla, const QString& catalogo) {
                           {catalogo.isEmpty() ? cadena_.catalogo : catalogo.toLower(), tabla});
     }
     return !rs.Eof();
+}
+
+void BdSesion::AjustaIdentidad(const QString& tabla, const QString& columna) {
+    const QString sql = dialecto().ajusteIdentidad(tabla, columna);
+    if (!sql.isEmpty()) {
+        cn_->Execute(sql);
+    }
 }
 
 void BdSesion::Limpia(int) {

@@ -36,6 +36,8 @@ public:
     std::unique_ptr<BdSesion> AbreContable(ModoApertura modo = ModoApertura::Existente) const;
     // Name of that catalog, from the company's row in vkcomun.Emp.
     QString CatalogoContable() const;
+    // The company's Emp_id in vkcomun.Emp; throws ErrorBd when it has no row.
+    qint64 IdEmpresa() const;
 
     ~BdSesion();
     BdSesion(const BdSesion&) = delete;
@@ -67,6 +69,8 @@ public:
     // The company catalog as the suite writes it in EMP_CATALOG (upper case).
     QString Catalogo() const { return cadena_.catalogo.toUpper(); }
     bool ExisteTabla(const QString& tabla, const QString& catalogo = {});
+    // Moves a table's identity past ids that were written explicitly.
+    void AjustaIdentidad(const QString& tabla, const QString& columna);
 
 private:
     BdSesion(CadenaConexion cadena, std::unique_ptr<Conexion> cn);

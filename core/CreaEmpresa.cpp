@@ -179,6 +179,7 @@ qint64 registraEmpresa(BdSesion& s) {
     s.cn().Execute(
         QStringLiteral("INSERT INTO vkcomun.Emp (Emp_id, EMP_CATALOG, Emp_Conta) VALUES (?, ?, 1)"),
         {id, s.Catalogo()});
+    s.AjustaIdentidad(QStringLiteral("vkcomun.Emp"), QStringLiteral("Emp_id"));
     return id;
 }
 

@@ -27,7 +27,7 @@ QString Dialecto::tipoColumna(Tipo tipo) const {
     case Tipo::Fecha:
         return lite ? QStringLiteral("TEXT") : QStringLiteral("DATE");
     case Tipo::Dinero:
-        return lite ? QStringLiteral("REAL") : QStringLiteral("NUMERIC(15,2)");
+        return lite ? QStringLiteral("REAL") : QStringLiteral("NUMERIC(19,4)");
     case Tipo::Porcentaje:
         return lite ? QStringLiteral("REAL") : QStringLiteral("NUMERIC(9,4)");
     case Tipo::Precio:
@@ -76,6 +76,19 @@ QString Dialecto::fechaActual() const {
 
 QString Dialecto::inicioTransaccion() const {
     return esSQLite() ? QStringLiteral("BEGIN IMMEDIATE") : QStringLiteral("BEGIN");
+}
+
+QString Dialecto::ajusteIdentidad(const QString& tabla, const QString& columna) const {
+    if (esSQLite()) {
+        return {};
+    }
+    return QStringLiteral("SELECT setval(pg_get_serial_sequence('%1', '%2'), "
+                          "COALESCE((SELECT MAX(%2) FROM %1), 0) + 1, false)")
+        .arg(tabla.toLower(), columna.toLower());
+}
+
+QString Dialecto::bloqueoSerie() const {
+    return esSQLite() ? QString() : QStringLiteral("SELECT pg_advisory_xact_lock(hashtext(?))");
 }
 
 QVariant Dialecto::valorFecha(const QDate& fecha) const {

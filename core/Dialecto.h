@@ -29,6 +29,16 @@ public:
     // lock is taken at once, so two writers queue instead of failing later.
     QString inicioTransaccion() const;
 
+    // After rows were written with explicit ids, the statement that moves the
+    // identity past them (PostgreSQL sequences do not follow explicit ids;
+    // SQLite's AUTOINCREMENT does). Empty when nothing is needed.
+    QString ajusteIdentidad(const QString& tabla, const QString& columna) const;
+
+    // Statement that locks one invoice series until the transaction ends,
+    // bound with a text key; empty on SQLite, whose write transaction already
+    // holds the database's one write lock.
+    QString bloqueoSerie() const;
+
     // How a date is bound: ISO text on SQLite, a DATE on PostgreSQL.
     QVariant valorFecha(const QDate& fecha) const;
 

@@ -50,7 +50,7 @@ struct ClienteDemo {
     const char* doc = "";
     int tipdoc = 1; // 1 Spanish tax number, 2 foreign one
     int reg = 1;    // tax regime (Tiva_Reg)
-    int fco = 2;    // position in kFormasCobro, from 1
+    int fco = 2;    // position in formasCobro(), from 1
     int agente = 0; // position in kAgentes, from 1; 0 none
     double dto1 = 0, dto2 = 0;
     int di1 = 0, di2 = 0, msp = 0;
@@ -133,6 +133,8 @@ constexpr const char* kVA = "70800000";
 constexpr const char* kS = "70500000";
 constexpr const char* kA = "75200000";
 
+// The tables read as rows, so the formatter leaves them alone.
+// clang-format off
 const ArticuloDemo kArticulos[] = {
     {"OF001", "Papel A4 80 g, caja de 5 paquetes", 1, 1, "CAJA", 18.50, 12.40, kV, kVA, 10, false},
     {"OF002", "Tóner láser negro compatible", 1, 1, "UD", 54.00, 31.00, kV, kVA, 4, false},
@@ -160,6 +162,8 @@ const ArticuloDemo kArticulos[] = {
     {"TR001", "Portes y entrega a domicilio", 5, 1, "UD", 12.00, 0, kS, kS, 1, false},
 };
 
+// clang-format on
+
 const std::vector<FormaCobroDemo>& formasCobro() {
     static const std::vector<FormaCobroDemo> f = {
         {"Contado", {{0, 100, 1}}},
@@ -171,6 +175,7 @@ const std::vector<FormaCobroDemo>& formasCobro() {
     return f;
 }
 
+// clang-format off
 // What kinds of customer buy.
 constexpr const char* kHosteleria = "AL001 AL002 AL003 AL004 LI001 LI002 TR001";
 constexpr const char* kProfesional = "OF001 OF002 OF003 LB001 SV001 SV003";
@@ -180,265 +185,98 @@ constexpr const char* kExporta = "AL002 AL001 OF001 OF003";
 // Mail contacts use the reserved .example domain: a demo run must never reach
 // a real mailbox.
 const ClienteDemo kClientes[] = {
-    {.cod = 1,
-     .nom = "Comercial Hortolana, S.L.",
-     .comer = "Hortolana",
-     .doc = "B96145230",
-     .fco = 4,
-     .agente = 1,
-     .iban = "ES9000810613810001843276",
-     .banco = 1,
-     .tlf = "963 84 21 50",
-     .atencion = "Dpto. de Administración",
-     .catalogo = "OF001 OF002 OF003 LI001 LI002 SV001 TR001",
-     .albaranes = 5,
-     .fiscal = dv("CL", "Sant Vicent Màrtir", 145, "46007", "Valencia"),
+    {.cod = 1, .nom = "Comercial Hortolana, S.L.", .comer = "Hortolana", .doc = "B96145230",
+     .fco = 4, .agente = 1, .iban = "ES9000810613810001843276", .banco = 1, .tlf = "963 84 21 50",
+     .atencion = "Dpto. de Administración", .catalogo = "OF001 OF002 OF003 LI001 LI002 SV001 TR001",
+     .albaranes = 5, .fiscal = dv("CL", "Sant Vicent Màrtir", 145, "46007", "Valencia"),
      .entrega = dv("PG", "Vara de Quart, calle dels Traginers", 14, "46014", "Valencia")},
-    {.cod = 2,
-     .nom = "Distribuciones Albufera, S.A.",
-     .comer = "Distribuciones Albufera",
-     .doc = "A97311864",
-     .fco = 3,
-     .agente = 1,
-     .dto1 = 5,
-     .emi = 2,
-     .correo = "facturas@albufera.example",
-     .tlf = "961 62 03 17",
-     .catalogo = kHosteleria,
-     .albaranes = 4,
-     .fiscal = dv("AV", "del Port", 87, "46023", "Valencia")},
-    {.cod = 3,
-     .nom = "Hostelería Marina Real, S.L.",
-     .comer = "Restaurante Marina Real",
-     .doc = "B98557028",
-     .agente = 2,
-     .di1 = 5,
-     .di2 = 20,
-     .tlf = "963 56 11 48",
-     .obser = "Descarga por la puerta trasera antes de las 11:00.",
-     .catalogo = kHosteleria,
-     .albaranes = 5,
-     .fiscal = dv("PS", "de Neptú", 32, "46011", "Valencia")},
-    {.cod = 4,
-     .nom = "Academia Llum de Formació, S.L.",
-     .comer = "Academia Llum",
-     .doc = "B98203748",
-     .agente = 3,
-     .msp = 8,
-     .emi = 2,
-     .correo = "secretaria@llumformacio.example",
-     .tlf = "963 51 77 02",
-     .catalogo = "OF001 OF002 OF003 LB001 AL001",
-     .albaranes = 3,
+    {.cod = 2, .nom = "Distribuciones Albufera, S.A.", .comer = "Distribuciones Albufera",
+     .doc = "A97311864", .fco = 3, .agente = 1, .dto1 = 5, .emi = 2,
+     .correo = "facturas@albufera.example", .tlf = "961 62 03 17", .catalogo = kHosteleria,
+     .albaranes = 4, .fiscal = dv("AV", "del Port", 87, "46023", "Valencia")},
+    {.cod = 3, .nom = "Hostelería Marina Real, S.L.", .comer = "Restaurante Marina Real",
+     .doc = "B98557028", .agente = 2, .di1 = 5, .di2 = 20, .tlf = "963 56 11 48",
+     .obser = "Descarga por la puerta trasera antes de las 11:00.", .catalogo = kHosteleria,
+     .albaranes = 5, .fiscal = dv("PS", "de Neptú", 32, "46011", "Valencia")},
+    {.cod = 4, .nom = "Academia Llum de Formació, S.L.", .comer = "Academia Llum",
+     .doc = "B98203748", .agente = 3, .msp = 8, .emi = 2,
+     .correo = "secretaria@llumformacio.example", .tlf = "963 51 77 02",
+     .catalogo = "OF001 OF002 OF003 LB001 AL001", .albaranes = 3,
      .fiscal = dv("CL", "Xàtiva", 19, "46002", "Valencia", "2º", "B")},
-    {.cod = 5,
-     .nom = "Clínica Dental Ruzafa, S.L.P.",
-     .comer = "Clínica Dental Ruzafa",
-     .doc = "B97884316",
-     .fco = 5,
-     .impmin = 100,
-     .iban = "ES6730582215542720049183",
-     .banco = 1,
-     .tlf = "963 74 90 26",
-     .catalogo = "OF001 OF002 LI001 LI002 SV001",
-     .albaranes = 2,
-     .fiscal = dv("CL", "Sueca", 41, "46006", "Valencia")},
-    {.cod = 6,
-     .nom = "Construcciones Benimaclet, S.A.",
-     .comer = "Construcciones Benimaclet",
-     .doc = "A96039581",
-     .fco = 3,
-     .agente = 2,
-     .retNF = 5,
-     .modoRetNF = 0,
+    {.cod = 5, .nom = "Clínica Dental Ruzafa, S.L.P.", .comer = "Clínica Dental Ruzafa",
+     .doc = "B97884316", .fco = 5, .impmin = 100, .iban = "ES6730582215542720049183",
+     .banco = 1, .tlf = "963 74 90 26", .catalogo = "OF001 OF002 LI001 LI002 SV001",
+     .albaranes = 2, .fiscal = dv("CL", "Sueca", 41, "46006", "Valencia")},
+    {.cod = 6, .nom = "Construcciones Benimaclet, S.A.", .comer = "Construcciones Benimaclet",
+     .doc = "A96039581", .fco = 3, .agente = 2, .retNF = 5, .modoRetNF = 0,
      .tlf = "963 62 40 85",
      .obsFactura = "Retención de garantía del 5 % sobre la base imponible según contrato de obra.",
-     .catalogo = kObra,
-     .albaranes = 3,
-     .fiscal = dv("AV", "de Valladolid", 8, "46020", "Valencia")},
-    {.cod = 7,
-     .nom = "Reformas Patraix, S.L.",
-     .comer = "Reformas Patraix",
-     .doc = "B98772650",
-     .retNF = 3,
-     .modoRetNF = 1,
-     .emi = 0,
-     .tlf = "963 79 15 63",
+     .catalogo = kObra, .albaranes = 3, .fiscal = dv("AV", "de Valladolid", 8, "46020", "Valencia")},
+    {.cod = 7, .nom = "Reformas Patraix, S.L.", .comer = "Reformas Patraix", .doc = "B98772650",
+     .retNF = 3, .modoRetNF = 1, .emi = 0, .tlf = "963 79 15 63",
      .obsFactura = "Retención del 3 % sobre el total hasta la recepción de la obra.",
-     .catalogo = kObra,
-     .albaranes = 3,
+     .catalogo = kObra, .albaranes = 3,
      .fiscal = dv("CL", "de les Tres Forques", 56, "46018", "Valencia")},
-    {.cod = 8,
-     .nom = "María Pilar",
-     .ape1 = "Castelló",
-     .ape2 = "Roig",
-     .comer = "Ultramarinos Pilar",
-     .doc = "20914731A",
-     .reg = 2,
-     .fco = 1,
-     .agente = 2,
-     .tlf = "963 41 06 29",
-     .catalogo = "AL001 AL002 AL003 AL004 LI001 LI002",
-     .albaranes = 4,
+    {.cod = 8, .nom = "María Pilar", .ape1 = "Castelló", .ape2 = "Roig",
+     .comer = "Ultramarinos Pilar", .doc = "20914731A", .reg = 2, .fco = 1, .agente = 2,
+     .tlf = "963 41 06 29", .catalogo = "AL001 AL002 AL003 AL004 LI001 LI002", .albaranes = 4,
      .fiscal = dv("CL", "de Cuba", 23, "46006", "Valencia")},
-    {.cod = 9,
-     .nom = "Josep",
-     .ape1 = "Sanchis",
-     .ape2 = "Ibáñez",
-     .comer = "Droguería La Estrella",
-     .doc = "22561848K",
-     .reg = 2,
-     .fco = 1,
-     .agente = 3,
-     .tlf = "961 51 22 84",
-     .catalogo = "LI001 LI002 OF003",
-     .albaranes = 3,
+    {.cod = 9, .nom = "Josep", .ape1 = "Sanchis", .ape2 = "Ibáñez",
+     .comer = "Droguería La Estrella", .doc = "22561848K", .reg = 2, .fco = 1, .agente = 3,
+     .tlf = "961 51 22 84", .catalogo = "LI001 LI002 OF003", .albaranes = 3,
      .fiscal = dv("CL", "Major", 12, "46970", "Alaquàs")},
-    {.cod = 10,
-     .nom = "Lucía",
-     .ape1 = "Mompó",
-     .ape2 = "Gisbert",
-     .comer = "Papelería Mompó",
-     .doc = "19487203Q",
-     .reg = 2,
-     .tlf = "963 80 45 12",
-     .catalogo = "OF001 OF002 OF003 LB001",
-     .albaranes = 3,
-     .fiscal = dv("CL", "del Doctor Sumsi", 30, "46005", "Valencia")},
-    {.cod = 11,
-     .nom = "Elena",
-     .ape1 = "Beltrán",
-     .ape2 = "Cuesta",
-     .comer = "Beltrán Abogados",
-     .doc = "24853160G",
-     .reg = 3,
-     .agente = 1,
-     .emi = 2,
-     .correo = "despacho@beltranabogados.example",
-     .tlf = "963 52 68 40",
-     .catalogo = kProfesional,
-     .albaranes = 2,
+    {.cod = 10, .nom = "Lucía", .ape1 = "Mompó", .ape2 = "Gisbert", .comer = "Papelería Mompó",
+     .doc = "19487203Q", .reg = 2, .tlf = "963 80 45 12", .catalogo = "OF001 OF002 OF003 LB001",
+     .albaranes = 3, .fiscal = dv("CL", "del Doctor Sumsi", 30, "46005", "Valencia")},
+    {.cod = 11, .nom = "Elena", .ape1 = "Beltrán", .ape2 = "Cuesta", .comer = "Beltrán Abogados",
+     .doc = "24853160G", .reg = 3, .agente = 1, .emi = 2,
+     .correo = "despacho@beltranabogados.example", .tlf = "963 52 68 40",
+     .catalogo = kProfesional, .albaranes = 2,
      .fiscal = dv("CL", "de Colón", 60, "46004", "Valencia", "4º", "7")},
-    {.cod = 12,
-     .nom = "Andrés",
-     .ape1 = "Vidal",
-     .ape2 = "Esteve",
-     .comer = "Estudio de Arquitectura Vidal",
-     .doc = "29183475V",
-     .reg = 3,
-     .fco = 5,
-     .iban = "ES0501826035400201589467",
-     .banco = 2,
-     .tlf = "963 94 13 57",
-     .catalogo = kProfesional,
-     .albaranes = 2,
+    {.cod = 12, .nom = "Andrés", .ape1 = "Vidal", .ape2 = "Esteve",
+     .comer = "Estudio de Arquitectura Vidal", .doc = "29183475V", .reg = 3, .fco = 5,
+     .iban = "ES0501826035400201589467", .banco = 2, .tlf = "963 94 13 57",
+     .catalogo = kProfesional, .albaranes = 2,
      .fiscal = dv("CL", "de Cirilo Amorós", 45, "46004", "Valencia", "1º")},
-    {.cod = 13,
-     .nom = "Fisioterapia Campanar, S.L.",
-     .comer = "Fisioterapia Campanar",
-     .doc = "B98705122",
-     .reg = 10,
-     .fco = 5,
-     .iban = "ES3521004417712200138265",
-     .banco = 1,
-     .tlf = "963 46 72 91",
-     .obser = "Arrendatario del local y la plaza de garaje de Campanar.",
-     .catalogo = "AQ001 AQ002",
-     .albaranes = 2,
+    {.cod = 13, .nom = "Fisioterapia Campanar, S.L.", .comer = "Fisioterapia Campanar",
+     .doc = "B98705122", .reg = 10, .fco = 5, .iban = "ES3521004417712200138265", .banco = 1,
+     .tlf = "963 46 72 91", .obser = "Arrendatario del local y la plaza de garaje de Campanar.",
+     .catalogo = "AQ001 AQ002", .albaranes = 2,
      .fiscal = dv("AV", "del Mestre Rodrigo", 50, "46015", "Valencia")},
-    {.cod = 14,
-     .nom = "Maghreb Distribution SARL",
-     .comer = "Maghreb Distribution",
-     .doc = "MA001847293",
-     .tipdoc = 2,
-     .reg = 5,
-     .emi = 2,
-     .correo = "achats@maghreb-distribution.example",
-     .tlf = "+212 522 47 18 30",
-     .catalogo = kExporta,
-     .albaranes = 2,
+    {.cod = 14, .nom = "Maghreb Distribution SARL", .comer = "Maghreb Distribution",
+     .doc = "MA001847293", .tipdoc = 2, .reg = 5, .emi = 2,
+     .correo = "achats@maghreb-distribution.example", .tlf = "+212 522 47 18 30",
+     .catalogo = kExporta, .albaranes = 2,
      .fiscal = dx("Boulevard Zerktouni", 145, "20250", "Casablanca", "204")},
-    {.cod = 15,
-     .nom = "Fjordhandel AS",
-     .comer = "Fjordhandel",
-     .doc = "NO912345674MVA",
-     .tipdoc = 2,
-     .reg = 5,
-     .tlf = "+47 55 31 40 22",
-     .catalogo = kExporta,
-     .albaranes = 2,
+    {.cod = 15, .nom = "Fjordhandel AS", .comer = "Fjordhandel", .doc = "NO912345674MVA",
+     .tipdoc = 2, .reg = 5, .tlf = "+47 55 31 40 22", .catalogo = kExporta, .albaranes = 2,
      .fiscal = dx("Strandgaten", 18, "5013", "Bergen", "028")},
-    {.cod = 16,
-     .nom = "Carmen",
-     .ape1 = "Roca",
-     .ape2 = "Miralles",
-     .comer = "Farmacia Roca",
-     .doc = "21675094D",
-     .fco = 4,
-     .agente = 3,
-     .dto1 = 3,
-     .dto2 = 2,
-     .iban = "ES1401289412980500071836",
-     .banco = 1,
-     .tlf = "963 60 28 14",
-     .catalogo = "LI001 LI002 AL001 OF001 LB001",
-     .albaranes = 3,
+    {.cod = 16, .nom = "Carmen", .ape1 = "Roca", .ape2 = "Miralles", .comer = "Farmacia Roca",
+     .doc = "21675094D", .fco = 4, .agente = 3, .dto1 = 3, .dto2 = 2,
+     .iban = "ES1401289412980500071836", .banco = 1, .tlf = "963 60 28 14",
+     .catalogo = "LI001 LI002 AL001 OF001 LB001", .albaranes = 3,
      .fiscal = dv("AV", "de Blasco Ibáñez", 102, "46022", "Valencia")},
-    {.cod = 17,
-     .nom = "Talleres Mecánicos Quart, S.L.",
-     .comer = "Talleres Quart",
-     .doc = "B96918438",
-     .agente = 3,
-     .tlf = "961 53 09 66",
-     .catalogo = "LI001 LI002 OF001 OF002 TR001",
-     .albaranes = 3,
+    {.cod = 17, .nom = "Talleres Mecánicos Quart, S.L.", .comer = "Talleres Quart",
+     .doc = "B96918438", .agente = 3, .tlf = "961 53 09 66",
+     .catalogo = "LI001 LI002 OF001 OF002 TR001", .albaranes = 3,
      .fiscal = dv("CM", "Reial", 9, "46930", "Quart de Poblet")},
-    {.cod = 18,
-     .nom = "Residencia Jardines del Turia, S.L.",
-     .comer = "Residencia Jardines del Turia",
-     .doc = "B98443062",
-     .fco = 4,
-     .agente = 1,
-     .dto1 = 2,
-     .iban = "ES3731590078562617340592",
-     .banco = 1,
-     .tlf = "963 47 35 80",
-     .atencion = "Gerencia",
-     .catalogo = "AL001 AL002 AL003 AL004 LI001 LI002 SV002 TR001",
-     .albaranes = 6,
+    {.cod = 18, .nom = "Residencia Jardines del Turia, S.L.", .comer = "Residencia Jardines del Turia",
+     .doc = "B98443062", .fco = 4, .agente = 1, .dto1 = 2, .iban = "ES3731590078562617340592",
+     .banco = 1, .tlf = "963 47 35 80", .atencion = "Gerencia",
+     .catalogo = "AL001 AL002 AL003 AL004 LI001 LI002 SV002 TR001", .albaranes = 6,
      .fiscal = dv("AV", "de Campanar", 110, "46015", "Valencia"),
      .entrega = dv("CL", "dels Tarongers", 5, "46022", "Valencia")},
-    {.cod = 19,
-     .nom = "Cooperativa Agrícola Sant Isidre, Coop. V.",
-     .comer = "Coop. Sant Isidre",
-     .doc = "F96274196",
-     .fco = 3,
-     .di1 = 15,
-     .msp = 8,
-     .tlf = "963 63 12 05",
-     .catalogo = "OF001 LI001 LI002 AL001 TR001",
-     .albaranes = 3,
+    {.cod = 19, .nom = "Cooperativa Agrícola Sant Isidre, Coop. V.", .comer = "Coop. Sant Isidre",
+     .doc = "F96274196", .fco = 3, .di1 = 15, .msp = 8, .tlf = "963 63 12 05",
+     .catalogo = "OF001 LI001 LI002 AL001 TR001", .albaranes = 3,
      .fiscal = dv("CR", "de Llíria", 4, "46100", "Burjassot")},
-    {.cod = 20,
-     .nom = "Gimnasio Activa Sport, S.L.",
-     .comer = "Activa Sport",
-     .doc = "B98187602",
-     .fco = 5,
-     .iban = "ES3300495612812395810476",
-     .banco = 2,
-     .tlf = "963 89 44 70",
-     .catalogo = "LI001 LI002 AL001 SV002",
-     .albaranes = 2,
+    {.cod = 20, .nom = "Gimnasio Activa Sport, S.L.", .comer = "Activa Sport", .doc = "B98187602",
+     .fco = 5, .iban = "ES3300495612812395810476", .banco = 2, .tlf = "963 89 44 70",
+     .catalogo = "LI001 LI002 AL001 SV002", .albaranes = 2,
      .fiscal = dv("AV", "de Peset Aleixandre", 75, "46009", "Valencia")},
-    {.cod = 21,
-     .nom = "Hotel Balcón del Puerto, S.L.",
-     .comer = "Hotel Balcón del Puerto",
-     .doc = "B96520879",
-     .fco = 3,
-     .agente = 2,
-     .tlf = "963 67 25 19",
-     .catalogo = kHosteleria,
-     .albaranes = 2,
+    {.cod = 21, .nom = "Hotel Balcón del Puerto, S.L.", .comer = "Hotel Balcón del Puerto",
+     .doc = "B96520879", .fco = 3, .agente = 2, .tlf = "963 67 25 19",
+     .catalogo = kHosteleria, .albaranes = 2,
      .fiscal = dv("CL", "d'Eugènia Viñes", 150, "46011", "Valencia")},
 };
 
@@ -463,6 +301,47 @@ const ContratoDemo kContratos[] = {
     {1, "SV006", 2, 360.00, 0, 6, "2024-07-01", "2026-10-01", "2026-12-31", "2026-12-31", true,
      "Almacén de Vara de Quart"},
 };
+
+// clang-format on
+
+// Company settings: text columns, then numbers.
+// clang-format off
+const char* const kParTextos[][2] = {
+    {"PAR_NOMBRE", "Suministros y Servicios Turialev, S.L."}, {"par_NComercial", "Turialev"},
+    {"Par_DOC", "B96824172"}, {"par_Sg", "AV"}, {"par_NombreVia", "del Port"},
+    {"Par_Cp", "46023"}, {"Par_Poblacion", "Valencia"}, {"Par_Pais", "011"},
+    {"Par_Actividad", "Comercio al por mayor de suministros y servicios a empresas"},
+    {"Par_Telefono", "963 41 27 80"}, {"Par_Correo", "administracion@turialev.es"},
+    {"Par_Web", "www.turialev.es"},
+    {"Par_Piefac1", "Inscrita en el Registro Mercantil de Valencia, tomo 10.482, libro 7.764, "
+                    "folio 112, hoja V-183.447, inscripción 1.ª"},
+    {"Par_PieFac2", "Suministros y Servicios Turialev, S.L. · CIF B96824172"},
+    {"par_SerFac", "A"}, {"Par_SerAlb", "A"}, {"PAR_PLANTILLA_FAC", ""},
+    {"Par_GContable", "TELMARO"},
+    {"Par_CtaVentas", "70000000"}, {"Par_CtaCompras", "60000000"},
+    {"Par_CtaVIva", "47700000"}, {"Par_CtaVIva2", "47700001"}, {"Par_CtaVIva3", "47700002"},
+    {"Par_CtaVRec1", "47710000"}, {"Par_CtaVRec2", "47710001"}, {"Par_CtaVRec3", "47710002"},
+    {"Par_CtaVIrpf", "47300000"}, {"Par_CtaVIrpfAlq", "47300001"},
+    {"Par_CtaCIva", "47200000"}, {"Par_CtaCRec1", "47210000"}, {"Par_CtaCIrpf", "47510000"},
+    {"Par_CtaRecDomCartera", "43100000"}, {"Par_CtaRecNDomCartera", "43100001"},
+    {"Par_PagosCtaRecDomCartera", "40100000"}, {"Par_ConCtaCaja", "57000000"},
+};
+
+struct ParNumero {
+    const char* columna;
+    int valor;
+};
+
+const ParNumero kParNumeros[] = {
+    {"par_numero", 212}, {"Par_Provincia", 46}, {"Par_DiseñoFactura", 0}, {"Par_AlbPrn", 2},
+    {"Par_CtaNum", 8}, {"Par_CtaTipo", 0}, {"Par_NCopFac", 1}, {"PAR_FLOPD", 1},
+    {"par_decpre", 2}, {"par_decdesc", 2}, {"par_deccan", 2}, {"PAR_ORCONTANOM", 0},
+    // Rates of the invoice's date, general regime, receipts out of the
+    // portfolio, no link to accounting: the demo company posts nothing by itself.
+    {"Par_CritDevengo", 0}, {"Par_RegFiscal", 1}, {"Par_RecCar", 0}, {"Par_RecAbonos", 0},
+    {"Par_Contav", 0}, {"Par_ModConCon", 0}, {"Par_CliCon", 0},
+};
+// clang-format on
 
 // The notes fall on the working days of this stretch.
 const QDate kPrimerDia(2026, 10, 1);
@@ -534,32 +413,11 @@ private:
     QString tabla_;
 };
 
-// Names of countries and provinces for the notes, read once each.
-class Nombres {
-public:
-    explicit Nombres(BdSesion& s) : s_(s) {}
-    QString pais(const QString& cod) {
-        return busca(paises_,
-                     QStringLiteral("SELECT PAIS_NOM FROM vkcomun.PAIS WHERE PAIS_COD = ?"), cod);
-    }
-    QString provincia(int cod) {
-        return busca(provincias_,
-                     QStringLiteral("SELECT PROV_NOM FROM vkcomun.PROV WHERE PROV_COD = ?"), cod);
-    }
-
-private:
-    QString busca(QHash<QString, QString>& cache, const QString& sql, const QVariant& clave) {
-        const QString k = clave.toString();
-        auto it = cache.find(k);
-        if (it == cache.end()) {
-            Recordset rs = s_.cn().Execute(sql, QVariantList{clave});
-            it = cache.insert(k, rs.Eof() ? QString() : rs.Fields(0).Texto().trimmed());
-        }
-        return *it;
-    }
-    BdSesion& s_;
-    QHash<QString, QString> paises_, provincias_;
-};
+// The name of a country or province code, as the notes keep it beside the code.
+QString nombreDe(BdSesion& s, const char* sql, const QVariant& cod) {
+    Recordset rs = s.cn().Execute(u(sql), QVariantList{cod});
+    return rs.Eof() ? QString() : rs.Fields(0).Texto().trimmed();
+}
 
 // The tax row of a regime and rate family in force on a date. A regime
 // without rows for the family (exempt exports, rentals) falls back to its
@@ -599,64 +457,14 @@ void actualizaParametros(BdSesion& s) {
                                      "añadir los datos de demostración."));
     }
     // Without a condition the builder updates every row: the table has one.
-    Fila(s, "Parametros")
-        .texto("PAR_NOMBRE", "Suministros y Servicios Turialev, S.L.")
-        .texto("par_NComercial", "Turialev")
-        .texto("Par_DOC", "B96824172")
-        .texto("Par_Actividad", "Comercio al por mayor de suministros y servicios a empresas")
-        .texto("par_Sg", "AV")
-        .texto("par_NombreVia", "del Port")
-        .num("par_numero", 212)
-        .texto("Par_Cp", "46023")
-        .texto("Par_Poblacion", "Valencia")
-        .num("Par_Provincia", 46)
-        .texto("Par_Pais", "011")
-        .texto("Par_Telefono", "963 41 27 80")
-        .texto("Par_Correo", "administracion@turialev.es")
-        .texto("Par_Web", "www.turialev.es")
-        .texto("Par_Piefac1", "Inscrita en el Registro Mercantil de Valencia, tomo 10.482, libro "
-                              "7.764, folio 112, hoja V-183.447, inscripción 1.ª")
-        .texto("Par_PieFac2", "Suministros y Servicios Turialev, S.L. · CIF B96824172")
-        .texto("par_SerFac", "A")
-        .texto("Par_SerAlb", "A")
-        .num("Par_DiseñoFactura", 0)
-        .texto("PAR_PLANTILLA_FAC", "")
-        .num("Par_AlbPrn", 2)
-        .num("Par_CtaNum", 8)
-        .num("Par_CtaTipo", 0)
-        .texto("Par_CtaVentas", "70000000")
-        .texto("Par_CtaVIva", "47700000")
-        .texto("Par_CtaVIva2", "47700001")
-        .texto("Par_CtaVIva3", "47700002")
-        .texto("Par_CtaVRec1", "47710000")
-        .texto("Par_CtaVRec2", "47710001")
-        .texto("Par_CtaVRec3", "47710002")
-        .texto("Par_CtaVIrpf", "47300000")
-        .texto("Par_CtaVIrpfAlq", "47300001")
-        .texto("Par_CtaCompras", "60000000")
-        .texto("Par_CtaCIva", "47200000")
-        .texto("Par_CtaCRec1", "47210000")
-        .texto("Par_CtaCIrpf", "47510000")
-        .texto("Par_CtaRecDomCartera", "43100000")
-        .texto("Par_CtaRecNDomCartera", "43100001")
-        .texto("Par_PagosCtaRecDomCartera", "40100000")
-        .texto("Par_ConCtaCaja", "57000000")
-        .num("Par_CritDevengo", 0)
-        .num("Par_RegFiscal", 1)
-        .num("Par_RecCar", 0)
-        .num("Par_RecAbonos", 0)
-        .num("Par_Contav", 0)
-        .num("Par_ModConCon", 0)
-        .texto("Par_GContable", "TELMARO")
-        .num("PAR_ORCONTANOM", 0)
-        .num("par_decpre", 2)
-        .num("par_decdesc", 2)
-        .num("par_deccan", 2)
-        .num("Par_NCopFac", 1)
-        .num("PAR_FLOPD", 1)
-        .num("Par_CliCon", 0)
-        .texto("Par_Catalog", s.Catalogo())
-        .actualiza();
+    Fila f(s, "Parametros");
+    for (const auto& t : kParTextos) {
+        f.texto(t[0], t[1]);
+    }
+    for (const ParNumero& n : kParNumeros) {
+        f.num(n.columna, n.valor);
+    }
+    f.texto("Par_Catalog", s.Catalogo()).actualiza();
 
     // PAR_FLOPD prints this clause on every invoice.
     if (s.cn().Execute(QStringLiteral("SELECT 1 FROM ParamTextos WHERE PTex_Tipo = 0")).Eof()) {
@@ -674,19 +482,12 @@ void actualizaParametros(BdSesion& s) {
 // the shared rows go through bound statements.
 void creaUsuarios(BdSesion& s) {
     Conexion& cn = s.cn();
-    Recordset emp =
-        cn.Execute(QStringLiteral("SELECT Emp_id FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
-                   QVariantList{s.Catalogo()});
-    if (emp.Eof()) {
-        throw ErrorBd(QStringLiteral("La empresa «%1» no figura en la tabla de empresas (Emp) del "
-                                     "catálogo común.")
-                          .arg(s.Catalogo()));
-    }
-    const qint64 idEmp = emp.Fields(0).Entero();
+    const qint64 idEmp = s.IdEmpresa();
     if (cn.Execute(QStringLiteral("SELECT 1 FROM vkcomun.Usu WHERE Usu_Id = 2")).Eof()) {
         cn.Execute(QStringLiteral("INSERT INTO vkcomun.Usu (Usu_Id, Usu_Nom, Usu_Admin) "
                                   "VALUES (?, ?, ?)"),
                    QVariantList{2, QStringLiteral("OFICINA"), 0});
+        s.AjustaIdentidad(QStringLiteral("vkcomun.Usu"), QStringLiteral("Usu_Id"));
     }
     for (int usuario : {1, 2}) {
         cn.Execute(QStringLiteral("DELETE FROM vkcomun.Pus WHERE Pus_IdUsu = ? AND Pus_IdEmp = ?"),
@@ -865,7 +666,6 @@ void creaAlbaranes(BdSesion& s, const Maestros& m, const std::vector<qint64>& id
     }
     std::stable_sort(notas.begin(), notas.end(),
                      [](const Nota& a, const Nota& b) { return a.fecha < b.fecha; });
-    Nombres nombres(s);
     int lineasBienes = 0;
 
     for (size_t i = 0; i < n; ++i) {
@@ -905,9 +705,11 @@ void creaAlbaranes(BdSesion& s, const Maestros& m, const std::vector<qint64>& id
             .texto("Cav_Puerta", d.puerta)
             .texto("Cav_CP", d.cp)
             .texto("Cav_Pais", d.pais)
-            .texto("Cav_SPais", nombres.pais(u(d.pais)))
+            .texto("Cav_SPais",
+                   nombreDe(s, "SELECT PAIS_NOM FROM vkcomun.PAIS WHERE PAIS_COD = ?", u(d.pais)))
             .num("Cav_PROVINCIA", d.provincia)
-            .texto("Cav_SProv", nombres.provincia(d.provincia))
+            .texto("Cav_SProv",
+                   nombreDe(s, "SELECT PROV_NOM FROM vkcomun.PROV WHERE PROV_COD = ?", d.provincia))
             .texto("Cav_Poblacion", d.poblacion)
             .texto("Cav_Tlf", c.tlf);
         if (d.numero > 0) {
@@ -981,14 +783,7 @@ void creaContratos(BdSesion& s, const Maestros& m, ResumenDemo& r) {
             .fecha("Cont_FFactura", dia(c.ffactura))
             .fecha("Cont_FvtoCont", QDate(2027, 12, 31))
             .num("Cont_Vencido", c.vencido ? 1 : 0)
-            .num("Cont_AjustaPeriodo", 0)
-            .num("Cont_IvaInc", 0)
-            .num("Cont_tipoprorrateo", 0)
-            .num("Cont_prorrateoAlta", 0)
-            .num("Cont_prorrateobaja", 0)
-            .num("Cont_IdFactura", 0)
-            .num("Cont_IdFacturaUlt", 0)
-            .inserta();
+            .inserta(); // the other flags stay 0: whole periods, prices without VAT
         ++r.contratos;
     }
 }
@@ -998,8 +793,8 @@ void creaContratos(BdSesion& s, const Maestros& m, ResumenDemo& r) {
 ResumenDemo CreaDatosDemo(BdSesion& s) {
     ResumenDemo r;
     Transaccion t(s.cn());
-    // Checked inside the write transaction, so two runs at once cannot both
-    // find the company empty.
+    // Checked inside the transaction: on SQLite the write lock is already
+    // held, so two runs at once cannot both find the company empty.
     if (!s.cn().Execute(QStringLiteral("SELECT 1 FROM Cli LIMIT 1")).Eof()) {
         r.yaExistia = true;
         return r;

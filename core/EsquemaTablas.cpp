@@ -236,6 +236,12 @@ std::vector<Tabla> tablasEmpresa() {
              {"Rec_IdRem", Tipo::Id},
              {"Rec_Texto", Tipo::Texto},
              {"Rec_Obser", Tipo::Texto},
+             // Bank data given to the treasury for the collection, and the
+             // portfolio mark (the company keeps receipts in portfolio).
+             {"Rec_CtaBanco", Tipo::Texto},
+             {"Rec_Iban", Tipo::Texto},
+             {"Rec_Swift", Tipo::Texto},
+             {"Rec_Cartera", Tipo::Booleano},
          }},
 
         // Remittances of domiciled receipts.

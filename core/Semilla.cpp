@@ -137,6 +137,7 @@ int SiembraDatosComunes(BdSesion& s) {
             {1, QStringLiteral("ADMINISTRADOR"), 1});
         ++anadidas;
     }
+    s.AjustaIdentidad(QStringLiteral("vkcomun.Usu"), QStringLiteral("Usu_Id"));
     return anadidas;
 }
 
