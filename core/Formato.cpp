@@ -392,4 +392,24 @@ QString FormatoMoneda(double importe) {
     return Format(importe, QStringLiteral("#,##0.00")) + QStringLiteral(" \u20AC");
 }
 
+double Val(const QString& texto) {
+    QString numero;
+    bool punto = false;
+    for (const QChar c : texto.trimmed()) {
+        if (c.isDigit()) {
+            numero += c;
+        } else if ((c == QLatin1Char('-') || c == QLatin1Char('+')) && numero.isEmpty()) {
+            numero += c;
+        } else if (c == QLatin1Char('.') && !punto) {
+            punto = true;
+            numero += c;
+        } else {
+            break;
+        }
+    }
+    bool ok = false;
+    const double v = numero.toDouble(&ok);
+    return ok ? v : 0.0;
+}
+
 } // namespace vk

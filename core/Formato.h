@@ -37,4 +37,9 @@ QString Format(const QVariant& valor, const QString& mascara);
 // Money for people: "1.234,56 €".
 QString FormatoMoneda(double importe);
 
+// The numeric value of the text's leading number, as the legacy Val read it:
+// blanks skipped, then a sign, digits and a decimal point ("12B" is 12, "B12"
+// is 0, " -3.5x" is -3.5).
+double Val(const QString& texto);
+
 } // namespace vk

@@ -16,4 +16,8 @@ inline const QString kSinEmisor = QStringLiteral(
     "La emisión de facturas no está disponible en esta instalación: no hay ningún emisor de "
     "facturas registrado.");
 
+inline const QString kSinContabilizacion = QStringLiteral(
+    "La contabilización automática no está disponible en esta instalación: desactive la "
+    "contabilización al grabar (Par_ModConCon) o instale el enlace contable.");
+
 } // namespace vk::mensajes

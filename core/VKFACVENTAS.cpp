@@ -164,4 +164,15 @@ void VKFACVENTAS::EmisionMultiplesFacturas(qint16 nDiseno, bool bDiseno,
         ->EmisionMultiplesFacturas(*this, nDiseno, bDiseno, vIds, bForce, nOrigen);
 }
 
+bool VKFACVENTAS::ConexionContableFacturaVentas(qint16 nEmp, const QString& sWhere, bool bCobros,
+                                                bool bBorra, bool bEdicion,
+                                                const QString& sAsientoCobro) {
+    if (!ExisteComponente(QString::fromLatin1(ContabilizadorVentas::kProgId))) {
+        throw ErrorBd(mensajes::kSinContabilizacion);
+    }
+    return CreaObjeto<ContabilizadorVentas>(QString::fromLatin1(ContabilizadorVentas::kProgId))
+        ->ConexionContableFacturaVentas(*this, nEmp, sWhere, bCobros, bBorra, bEdicion,
+                                        sAsientoCobro);
+}
+
 } // namespace vk

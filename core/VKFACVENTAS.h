@@ -100,6 +100,21 @@ public:
     void jRetencionesNoFiscales() {} // reserved: the interface keeps it
     void jFacturaAlbaran() {}        // reserved: the interface keeps it
 
+    // --- the invoice engine (engine/) ---
+    // The invoice series of the current user; leaves the user's delivery note
+    // series in sSerieAlbaran.
+    QString getSeriesFactura();
+    // Writes the header row and returns its Fav_Id, or 0 when none was made.
+    qint32 NuevaFactura(qint16 nTipo = 0);
+    void CalculoTotalesFactura();
+    bool GrabaFactura(bool bRecibos = false, bool bEdi = false);
+    bool VerificarFechaFactura(const QString& sSerie, const QString& sFecha);
+
+    // --- accounting ---
+    bool ConexionContableFacturaVentas(qint16 nEmp, const QString& sWhere, bool bCobros = false,
+                                       bool bBorra = false, bool bEdicion = false,
+                                       const QString& sAsientoCobro = {});
+
     // --- issue ---
     void EmisionFacturas(qint16 nDiseno, bool bDiseno);
     void EmisionSimple(const QString& Serie, qint32 Numero);
@@ -118,6 +133,15 @@ public:
     virtual void EmisionMultiplesFacturas(VKFACVENTAS& factura, qint16 nDiseno, bool bDiseno,
                                           const QVector<qint32>& vIds, bool bForce,
                                           qint16 nOrigen) = 0;
+};
+
+// The automatic posting, registered by name for the same reason.
+class ContabilizadorVentas : public Componente {
+public:
+    static constexpr const char* kProgId = "VKFACTUVEN.CONTABILIZACION";
+    virtual bool ConexionContableFacturaVentas(VKFACVENTAS& factura, qint16 nEmp,
+                                               const QString& sWhere, bool bCobros, bool bBorra,
+                                               bool bEdicion, const QString& sAsientoCobro) = 0;
 };
 
 // Module state: the one instance, and the clause printed on invoices.

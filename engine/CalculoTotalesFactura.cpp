@@ -1,0 +1,202 @@
+// Every amount of an invoice from the lines of its delivery notes. SQL sums
+// by tax group; the program rounds, each rounding in its place: the groups'
+// money columns as the server's ROUND(CAST(x AS money), 2), the slots' taxes
+// and the header discounts with Redondea, the difference with
+// fnRedondeoNormal. Two programs that round elsewhere make other invoices.
+#include "Cuentas.h"
+#include "MensajesMotor.h"
+
+#include <ErrorBd.h>
+#include <Redondeo.h>
+#include <VKFACVENTAS.h>
+
+#include <array>
+
+namespace vk {
+
+namespace {
+
+// One tax group of the invoice, as the grouped query and the money
+// roundings leave it.
+struct Grupo {
+    QVariant tivaId;
+    double iva, rec, ret;
+    int regimenAlbaran;
+    double bruto, base, dtoPie;
+};
+
+Grupo leeGrupo(const Recordset& rs) {
+    const double suma = rs.Fields(QStringLiteral("suma")).Doble();
+    const double dto1 = rs.Fields(QStringLiteral("Fav_Dto1")).Doble();
+    const double dto2 = rs.Fields(QStringLiteral("Fav_Dto2")).Doble();
+    const double dtoUnidad = rs.Fields(QStringLiteral("DtoPie1")).Doble();
+    Grupo g;
+    g.tivaId = rs.Fields(QStringLiteral("Tiva_Id")).Value();
+    g.iva = rs.Fields(QStringLiteral("Tiva_Iva")).Doble();
+    g.rec = rs.Fields(QStringLiteral("Tiva_Rec")).Doble();
+    g.ret = rs.Fields(QStringLiteral("Tiva_Ret")).Doble();
+    g.regimenAlbaran = static_cast<int>(rs.Fields(QStringLiteral("Cav_IdTiva")).Entero());
+    g.bruto = fnRedondeoMoney(suma);
+    // The first discount takes the unrounded sum, the second the rounded terms.
+    const double impDto1 = fnRedondeoMoney(suma * dto1 / 100);
+    const double impDto2 = fnRedondeoMoney((g.bruto - impDto1) * dto2 / 100);
+    g.base = fnRedondeoMoney(g.bruto - impDto1 - impDto2 - fnRedondeoMoney(dtoUnidad));
+    g.dtoPie = dtoUnidad;
+    return g;
+}
+
+} // namespace
+
+void VKFACVENTAS::CalculoTotalesFactura() {
+    BdSesion& bd = MyBd();
+    Conexion& cn = bd.cn();
+    BdParametros& par = bd.Parametros();
+    const bool devengoPorFecha = par.Item(QStringLiteral("Par_CritDevengo")).Entero() == 0;
+    const qint64 regimenFiscal = par.Item(QStringLiteral("Par_RegFiscal")).Entero();
+
+    Recordset rs = cn.Execute(
+        QStringLiteral(
+            "SELECT Tiva_Iva, Tiva_Rec, Tiva_Ret, Fav_Dto1, Fav_Dto2, Fav_PRetNf, Fav_ModRet, "
+            "Cav_IdTiva, SUM(Lav_Importe + Lav_ImpResDes) AS suma, SUM(Lav_ImpDtoUnidad) AS "
+            "DtoPie1, Tiva_Id, Fav_Fecha "
+            "FROM Cav INNER JOIN Lav ON Cav_Id = Lav_IdCav "
+            "INNER JOIN Fav ON Fav_Id = Cav_IdFactura "
+            "LEFT JOIN vkcomun.TIVAS ON Tiva_Id = Lav_Tiva "
+            "WHERE Cav_IdFactura = ? "
+            "GROUP BY Tiva_Iva, Tiva_Rec, Tiva_Ret, Fav_Dto1, Fav_Dto2, Fav_PRetNf, Fav_ModRet, "
+            "Cav_IdTiva, Tiva_Id, Fav_Fecha "
+            "ORDER BY Tiva_Iva DESC NULLS LAST, Cav_IdTiva, Tiva_Id"),
+        {IdFactu});
+
+    std::array<double*, 3> base{&BaseIva1, &BaseIva2, &BaseIva3};
+    std::array<double*, 3> pIva{&PorcentajeIva1, &PorcentajeIva2, &PorcentajeIva3};
+    std::array<double*, 3> iIva{&ImpIva1, &ImpIva2, &ImpIva3};
+    std::array<double*, 3> pRec{&PorcentajeRecargo1, &PorcentajeRecargo2, &PorcentajeRecargo3};
+    std::array<double*, 3> iRec{&ImpRecargo1, &ImpRecargo2, &ImpRecargo3};
+    std::array<QString*, 3> cIva{&CtaIva1, &CtaIva2, &CtaIva3};
+    std::array<QString*, 3> cRec{&CtaRec1, &CtaRec2, &CtaRec3};
+
+    // Everything that is added up starts again, so a second run gives the
+    // same invoice. The non-fiscal retention's settings are not cleared.
+    Bruto = PorcentajeDto1 = PorcentajeDto2 = ImpDto1 = Bruto1 = ImpDto2 = ImpDtoPie1 = 0;
+    PorcentajeRetencion = ImpRetencion = 0;
+    for (int i = 0; i < 3; ++i) {
+        *base[i] = *pIva[i] = *iIva[i] = *pRec[i] = *iRec[i] = 0;
+        cIva[i]->clear();
+        cRec[i]->clear();
+    }
+    CtaRet.clear();
+
+    // A negative sum of the bases is a credit note: it keeps the lines' rates.
+    double nTotalBase = 0;
+    std::vector<Grupo> grupos;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        grupos.push_back(leeGrupo(rs));
+        nTotalBase += grupos.back().base;
+    }
+
+    rs.MoveFirst();
+    for (int nSlot = 0; nSlot < static_cast<int>(grupos.size()); ++nSlot, rs.MoveNext()) {
+        const Grupo& g = grupos[nSlot];
+        Bruto += g.bruto;
+        ImpDtoPie1 += g.dtoPie;
+        const QDate fecha = rs.Fields(QStringLiteral("Fav_Fecha")).Fecha();
+        if (g.tivaId.isNull()) {
+            throw ErrorBd(mensajes::kLineaSinIva.arg(IdFactu));
+        }
+        double nIva = g.iva;
+        double nRec = g.rec;
+        double nRet = g.ret;
+        int nReg = 0;
+        Recordset tiva = cn.Execute(
+            QStringLiteral("SELECT Tiva_Reg, Tiva_Art FROM vkcomun.TIVAS WHERE Tiva_Id = ?"),
+            {g.tivaId});
+        if (tiva.Eof()) {
+            throw ErrorBd(mensajes::kLineaSinIva.arg(IdFactu));
+        }
+        nReg = static_cast<int>(tiva.Fields(QStringLiteral("Tiva_Reg")).Entero());
+        if (devengoPorFecha && nTotalBase >= 0) {
+            // A normal invoice takes the rate of its own date, through the
+            // rate's family, which stays steady across changes of rate.
+            if (nReg != 5 && nReg != 1 && regimenFiscal == 3) {
+                nReg = 3;
+            }
+            nIva = g.tivaId.toDouble(); // replaced below unless the rate is NULL
+            const qint64 familia = tiva.Fields(QStringLiteral("Tiva_Art")).Entero();
+            Recordset vigente = cn.Execute(
+                QStringLiteral("SELECT Tiva_Iva, Tiva_Rec, Tiva_Ret FROM vkcomun.TIVAS WHERE "
+                               "Tiva_Reg = ? AND Tiva_Art = ? AND Tiva_Fecha <= ? ORDER BY "
+                               "Tiva_Fecha DESC LIMIT 1"),
+                {nReg, familia, bd.dialecto().valorFecha(fecha)});
+            if (vigente.Eof()) {
+                throw ErrorBd(mensajes::kSinTipoEnVigor.arg(nReg).arg(familia).arg(
+                    fecha.toString(QStringLiteral("dd/MM/yyyy"))));
+            }
+            const auto sustituye = [&](const char* columna, double& destino) {
+                const Campo c = vigente.Fields(QString::fromLatin1(columna));
+                if (!c.IsNull()) {
+                    destino = c.Doble();
+                }
+            };
+            sustituye("Tiva_Iva", nIva);
+            sustituye("Tiva_Rec", nRec);
+            sustituye("Tiva_Ret", nRet);
+        }
+        if (nSlot >= 3) {
+            continue; // a fourth group only adds to Bruto and ImpDtoPie1
+        }
+        if (nSlot == 0) {
+            PorcentajeDto1 = rs.Fields(QStringLiteral("Fav_Dto1")).Doble();
+            PorcentajeDto2 = rs.Fields(QStringLiteral("Fav_Dto2")).Doble();
+            porcentajeretencionnf = rs.Fields(QStringLiteral("Fav_PRetNf")).Doble();
+            nModoRetNF = static_cast<qint16>(rs.Fields(QStringLiteral("Fav_ModRet")).Entero());
+        }
+        *base[nSlot] = g.base;
+        *pIva[nSlot] = nIva;
+        *iIva[nSlot] = Redondea(g.base * (nIva / 100), 2);
+        *pRec[nSlot] = nRec;
+        *iRec[nSlot] = Redondea(g.base * (nRec / 100), 2);
+        if (nSlot == 0) {
+            // Withholding from the first group alone; on rental it also
+            // bears on the VAT.
+            const bool alquiler = g.regimenAlbaran == 10;
+            PorcentajeRetencion = nRet;
+            ImpRetencion =
+                Redondea((alquiler ? g.base + ImpIva1 : g.base) * (PorcentajeRetencion / 100), 2);
+            CtaRet = par.Item(alquiler ? QStringLiteral("Par_CtaVIrpfAlq")
+                                       : QStringLiteral("Par_CtaVIrpf"))
+                         .Texto();
+        }
+        *cIva[nSlot] = fnCuentaIvaRec(bd, 1, nIva, nReg, fecha);
+        *cRec[nSlot] = fnCuentaIvaRec(bd, 2, nIva, nReg, fecha);
+    }
+
+    // Header discounts on the sums; the cents they differ from the groups'
+    // discounts go to the first base, with no new VAT.
+    ImpDto1 = Redondea((PorcentajeDto1 / 100) * Bruto, 2);
+    Bruto1 = Bruto - ImpDto1;
+    ImpDto2 = Redondea((PorcentajeDto2 / 100) * Bruto1, 2);
+    const double nDif = fnRedondeoNormal(
+        Bruto - (BaseIva2 + BaseIva1 + BaseIva3) - (ImpDto2 + ImpDto1) - ImpDtoPie1, 2);
+    if (nDif != 0) {
+        BaseIva1 += nDif;
+    }
+
+    TotalFactura = Redondea(BaseIva1 + ImpIva1 + ImpRecargo1 + BaseIva2 + ImpIva2 + ImpRecargo2 +
+                                BaseIva3 + ImpIva3 + ImpRecargo3 - ImpRetencion,
+                            2);
+
+    if (porcentajeretencionnf != 0) {
+        if (nModoRetNF == 0) {
+            RetencionNF =
+                Redondea((BaseIva1 + BaseIva2 + BaseIva3) * (porcentajeretencionnf / 100), 2);
+        } else if (nModoRetNF == 1) {
+            RetencionNF = Redondea((porcentajeretencionnf / 100) * TotalFactura, 2);
+        }
+    } else if (!par.Item(QStringLiteral("Par_Automocion")).Activo()) {
+        RetencionNF = 0;
+    }
+    Liquido = TotalFactura - RetencionNF;
+}
+
+} // namespace vk

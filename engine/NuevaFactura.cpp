@@ -1,0 +1,156 @@
+// The header row of a new invoice: its number, the customer's frozen identity
+// and the data the caller composed.
+#include "Cuentas.h"
+#include "frmIniFav.h"
+
+#include <ErrorBd.h>
+#include <Formato.h>
+#include <Interaccion.h>
+#include <NombreCliente.h>
+#include <VKFACVENTAS.h>
+
+namespace vk {
+
+namespace {
+
+// Next number of the series, asking for the first one when the series is
+// empty. 0 when the person gave up. Runs under the series lock.
+qint32 siguienteNumero(VKFACVENTAS& f, Conexion& cn) {
+    Recordset rs = cn.Execute(
+        QStringLiteral("SELECT COALESCE(MAX(Fav_Numero), 0) FROM Fav WHERE Fav_Serie = ?"),
+        {f.SerieFactura});
+    const qint32 ultimo = static_cast<qint32>(rs.Fields(0).Entero());
+    if (ultimo > 0) {
+        return ultimo + 1;
+    }
+    f.NumeroFactura = -1;
+    frmIniFav dialogo(f);
+    Ui().MuestraDialogo(dialogo);
+    return f.NumeroFactura == -1 ? 0 : f.NumeroFactura;
+}
+
+} // namespace
+
+qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
+    BdSesion& bd = MyBd();
+    Conexion& cn = bd.cn();
+    const QString nombre =
+        fnNombreCliente(static_cast<int>(bd.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
+
+    // "max + 1 in the series" is only safe with the series locked from the
+    // read to the insert: a transaction of its own (or a savepoint inside the
+    // caller's) with the dialect's lock. The unique index stands behind it.
+    Transaccion t(cn);
+    const QString bloqueo = cn.dialecto().bloqueoSerie();
+    if (!bloqueo.isEmpty()) {
+        cn.Execute(bloqueo, {bd.Catalogo() + QStringLiteral("/Fav/") + SerieFactura});
+    }
+    if (NumeroFactura == 0) {
+        NumeroFactura = siguienteNumero(*this, cn);
+        if (NumeroFactura == 0) {
+            return 0;
+        }
+    }
+
+    Recordset cli = cn.Execute(
+        QStringLiteral("SELECT cli_cod, cli_doc, %1 AS RSOC FROM Cli WHERE Cli_id = ?").arg(nombre),
+        {IdCliente});
+    if (cli.Eof()) {
+        return 0;
+    }
+    // The counter customer takes the identity the caller typed; any other
+    // customer the one of its record.
+    const qint64 clienteContado = bd.Parametros().Item(QStringLiteral("Par_CliCon")).Entero();
+    const bool esContado = clienteContado > 0 && clienteContado == CliCod;
+
+    bd.Tabla(QStringLiteral("Fav"));
+    BdCampos& c = bd.xlsCampos();
+    c.Add(QStringLiteral("Fav_Serie"), TipoCampo::Texto, SerieFactura);
+    c.Add(QStringLiteral("Fav_Numero"), TipoCampo::Numero, NumeroFactura);
+    c.Add(QStringLiteral("Fav_IdUsu"), TipoCampo::Numero, bd.IdUsuario());
+    c.Add(QStringLiteral("Fav_IdCli"), TipoCampo::Numero, IdCliente);
+    c.Add(QStringLiteral("Fav_CliCod"), TipoCampo::Numero,
+          esContado ? QVariant(CliCod) : cli.Fields(QStringLiteral("cli_cod")).Value());
+    c.Add(QStringLiteral("Fav_CliNom"), TipoCampo::Texto,
+          esContado ? CliNom : cli.Fields(QStringLiteral("rsoc")).Texto());
+    c.Add(QStringLiteral("Fav_CliDoc"), TipoCampo::Texto,
+          esContado ? CliDoc : cli.Fields(QStringLiteral("cli_doc")).Texto());
+    c.Add(QStringLiteral("Fav_IdFco"), TipoCampo::Numero, IdFco);
+    c.Add(QStringLiteral("Fav_IdDir"), TipoCampo::Numero, idDir);
+    if (Observaciones.isEmpty()) {
+        c.Add(QStringLiteral("Fav_Obs"), TipoCampo::Expresion, QStringLiteral("Null"));
+    } else {
+        c.Add(QStringLiteral("Fav_Obs"), TipoCampo::Texto, Observaciones);
+    }
+    if (FechaFactura.isValid()) {
+        c.Add(QStringLiteral("Fav_Fecha"), TipoCampo::Fecha, FechaFactura);
+    } else {
+        c.Add(QStringLiteral("Fav_Fecha"), TipoCampo::Expresion, QStringLiteral("Getdate()"));
+    }
+    c.Add(QStringLiteral("Fav_Sg"), TipoCampo::Texto, Sg);
+    c.Add(QStringLiteral("Fav_Nombre"), TipoCampo::Texto, Nombre);
+    const double num = Val(Num);
+    if (num > 0) {
+        c.Add(QStringLiteral("Fav_Num"), TipoCampo::Numero, num);
+    } else {
+        c.Add(QStringLiteral("Fav_Num"), TipoCampo::Expresion, QStringLiteral("Null"));
+    }
+    c.Add(QStringLiteral("Fav_Escalera"), TipoCampo::Texto, Escalera);
+    c.Add(QStringLiteral("Fav_Piso"), TipoCampo::Texto, Piso);
+    c.Add(QStringLiteral("Fav_Puerta"), TipoCampo::Texto, Puerta);
+    c.Add(QStringLiteral("Fav_Cp"), TipoCampo::Texto, Cp);
+    c.Add(QStringLiteral("Fav_Pais"), TipoCampo::Texto, Pais);
+    c.Add(QStringLiteral("Fav_Provincia"), TipoCampo::Numero, Provincia);
+    c.Add(QStringLiteral("Fav_Poblacion"), TipoCampo::Texto, Poblacion);
+    c.Add(QStringLiteral("Fav_Dto1"), TipoCampo::Importe, PorcentajeDto1, 2);
+    c.Add(QStringLiteral("Fav_Dto2"), TipoCampo::Importe, PorcentajeDto2, 2);
+    c.Add(QStringLiteral("Fav_PRetNf"), TipoCampo::Importe, porcentajeretencionnf, 2);
+    c.Add(QStringLiteral("Fav_ModRet"), TipoCampo::Numero, nModoRetNF);
+    c.Add(QStringLiteral("Fav_ImpDtoPie1"), TipoCampo::Importe, ImpDtoPie1, 2);
+    c.Add(QStringLiteral("Fav_CtaCobro"), TipoCampo::Texto, sCtaCobro);
+    c.Add(QStringLiteral("Fav_Tipo"), TipoCampo::Numero, nTipo);
+    QString mensaje;
+    qint64 id = 0;
+    if (!bd.Inserta(mensaje, &id)) {
+        return 0; // the number is simply not used
+    }
+    t.Confirma();
+    return static_cast<qint32>(id);
+}
+
+QString VKFACVENTAS::getSeriesFactura() {
+    BdSesion& bd = MyBd();
+    Conexion& cn = bd.cn();
+    QString serieFactura;
+    QString serieAlbaran;
+    Recordset par = cn.Execute(QStringLiteral("SELECT par_SerFac, Par_SerAlb FROM Parametros"));
+    if (!par.Eof()) {
+        serieFactura = par.Fields(QStringLiteral("par_SerFac")).Texto();
+        serieAlbaran = par.Fields(QStringLiteral("Par_SerAlb")).Texto();
+    }
+    Recordset pus = cn.Execute(QStringLiteral("SELECT Pus_SerAlb, Pus_SerFac FROM vkcomun.Pus "
+                                              "WHERE Pus_IdUsu = ? AND Pus_IdEmp = ?"),
+                               {bd.IdUsuario(), bd.IdEmpresa()});
+    if (!pus.Eof()) {
+        if (!pus.Fields(QStringLiteral("Pus_SerFac")).Texto().isEmpty()) {
+            serieFactura = pus.Fields(QStringLiteral("Pus_SerFac")).Texto();
+        }
+        if (!pus.Fields(QStringLiteral("Pus_SerAlb")).Texto().isEmpty()) {
+            serieAlbaran = pus.Fields(QStringLiteral("Pus_SerAlb")).Texto();
+        }
+    }
+    // The work centre's series, where the company has work centres at all.
+    if (bd.ExisteTabla(QStringLiteral("centra")) && bd.ExisteTabla(QStringLiteral("cenusu"))) {
+        Recordset centro = cn.Execute(
+            QStringLiteral("SELECT centra_sfav FROM centra INNER JOIN cenusu ON centra_id = "
+                           "cenusu_idcen WHERE cenusu_idusu = ?"),
+            {bd.IdUsuario()});
+        if (!centro.Eof() && !centro.Fields(0).Texto().isEmpty()) {
+            serieFactura = centro.Fields(0).Texto();
+        }
+    }
+    sSerieAlbaran = serieAlbaran;
+    return serieFactura;
+}
+
+} // namespace vk

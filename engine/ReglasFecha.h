@@ -1,0 +1,32 @@
+// Invoices of one series run in order of date with their numbers. These are
+// the checks the screens make, each with its message through the port.
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+#include <optional>
+
+namespace vk {
+
+class BdSesion;
+
+// The date of the last invoice of a series (the greatest date, not the date of
+// the greatest number); invalid when the series is empty.
+QDate fnUltimaFechaSerie(BdSesion& bd, const QString& serie);
+
+// Moving an invoice dated `fecha` to another series: when the series' last
+// date is later, asks whether to take that date. Gives the date the invoice
+// must have, or nothing when the change is cancelled (after saying so).
+std::optional<QDate> fnFechaCambioSerie(BdSesion& bd, const QString& nuevaSerie,
+                                        const QDate& fecha);
+
+// A new date for invoice `numero` of `serie` must lie between the dates of
+// its neighbours by number. False, after the message, when it does not.
+bool fnFechaEntreVecinas(BdSesion& bd, const QString& serie, qint32 numero, const QDate& nueva);
+
+// Reads a date typed by a person (dd/mm/yyyy, d/m/yy or yyyy-mm-dd); throws
+// ErrorBd when the text is not a date.
+QDate fnLeeFecha(const QString& texto);
+
+} // namespace vk

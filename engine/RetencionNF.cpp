@@ -1,0 +1,57 @@
+#include "RetencionNF.h"
+
+#include <ErrorBd.h>
+#include <VKFACVENTAS.h>
+
+namespace vk {
+
+void msReescribeRetencionNF(VKFACVENTAS& f) {
+    BdSesion& bd = f.MyBd();
+    Conexion& cn = bd.cn();
+    const QString condicion =
+        QStringLiteral(" WHERE RetNF_Origen = 1 AND RetNF_Tipo = 'F' AND RetNF_IdFactura = ?");
+    qint64 idRecibo = 0;
+    Recordset viejo = cn.Execute(QStringLiteral("SELECT RetNF_IdRec FROM RetNF") + condicion +
+                                     QStringLiteral(" ORDER BY RetNF_Id"),
+                                 {f.IdFactu});
+    QString mensaje;
+    if (!viejo.Eof()) {
+        idRecibo = viejo.Fields(QStringLiteral("RetNF_IdRec")).Entero();
+        bd.Limpia(0);
+        bd.Tabla(QStringLiteral("RetNF"));
+        bd.Where(condicion, {f.IdFactu});
+        bd.Borra(mensaje);
+    }
+    if (f.porcentajeretencionnf == 0) {
+        return;
+    }
+    Recordset fav = cn.Execute(
+        QStringLiteral("SELECT fav_idcli, Fav_Fecha, Fav_Iretnf FROM Fav WHERE Fav_Id = ?"),
+        {f.IdFactu});
+    if (fav.Eof()) {
+        throw ErrorBd(QStringLiteral("No existe la factura %1.").arg(f.IdFactu), ErrorBd::kBuilder);
+    }
+    bd.Limpia(0);
+    bd.Tabla(QStringLiteral("RetNF"));
+    BdCampos& c = bd.xlsCampos();
+    c.Add(QStringLiteral("RetNF_Origen"), TipoCampo::Numero, 1);
+    c.Add(QStringLiteral("RetNF_IdClPr"), TipoCampo::Numero,
+          fav.Fields(QStringLiteral("fav_idcli")).Value());
+    c.Add(QStringLiteral("RetNF_IdFactura"), TipoCampo::Numero, f.IdFactu);
+    c.Add(QStringLiteral("RetNF_Tipo"), TipoCampo::Texto, QStringLiteral("F"));
+    c.Add(QStringLiteral("RetNF_Fecha "), TipoCampo::Fecha, fav.Fields(QStringLiteral("Fav_Fecha")).Fecha());
+    c.Add(QStringLiteral("RetNF_ImpRet"), TipoCampo::Importe,
+          fav.Fields(QStringLiteral("Fav_Iretnf")).Doble(), 2);
+    c.Add(QStringLiteral("RetNF_ImpPag"), TipoCampo::Numero, 0);
+    c.Add(QStringLiteral("RetNF_Obs"), TipoCampo::Expresion, QStringLiteral("Null"));
+    c.Add(QStringLiteral("RetNF_Estado"), TipoCampo::Numero, 0);
+    c.Add(QStringLiteral("RetNF_IdRetNf"), TipoCampo::Numero, 0);
+    c.Add(QStringLiteral("RetNF_IdRec"), TipoCampo::Numero, idRecibo);
+    bd.Where(QString());
+    if (!bd.Inserta(mensaje)) {
+        throw ErrorBd(QStringLiteral("No se pudo grabar la retención de la factura: %1").arg(mensaje),
+                      ErrorBd::kBuilder);
+    }
+}
+
+} // namespace vk

@@ -1,0 +1,158 @@
+#include "TesoreriaIncorporada.h"
+
+#include "BdSesion.h"
+#include "ErrorBd.h"
+#include "Formato.h"
+#include "LanzadorPantallas.h"
+#include "MensajesCore.h"
+#include "Redondeo.h"
+#include "Vencimientos.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <memory>
+
+namespace vk::suite {
+
+namespace {
+
+constexpr int kTipoVenta = 1;
+constexpr int kPendiente = 1;
+
+bool soloDigitos(const QString& texto) {
+    return !texto.isEmpty() &&
+           std::all_of(texto.begin(), texto.end(), [](QChar c) { return c.isDigit(); });
+}
+
+QString cobroDe(const std::vector<Plazo>& plazos, qint16 nCompensa, const QString& ctaBanco) {
+    if (nCompensa == 1 || plazos.empty()) {
+        return {};
+    }
+    const bool deUnaVez =
+        std::all_of(plazos.begin(), plazos.end(), [](const Plazo& p) { return p.dias == 0; });
+    if (!deUnaVez) {
+        return {};
+    }
+    const auto todos = [&](int modo) {
+        return std::all_of(plazos.begin(), plazos.end(),
+                           [modo](const Plazo& p) { return p.modo == modo; });
+    };
+    const QString contado = QString::number(kModoContado);
+    if (todos(kModoContado)) {
+        return contado;
+    }
+    if (todos(kModoTarjeta)) {
+        const QString cta = ctaBanco.trimmed();
+        if (!soloDigitos(cta)) {
+            return contado;
+        }
+        const QChar sep(1);
+        return QString::number(kModoTarjeta) + sep + cta + sep + kDescripcionTarjeta;
+    }
+    return {};
+}
+
+} // namespace
+
+void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
+    sCobro_.clear();
+    if (!MyBd) {
+        throw ErrorBd(mensajes::kTesoreriaSinSesion);
+    }
+    if (idfactura <= 0) {
+        throw ErrorBd(mensajes::kTesoreriaSinFactura);
+    }
+    const qint32 numero = NumeroFactura != 0 ? NumeroFactura : NumFactura;
+    const QString factura = SerieFactura.trimmed().isEmpty()
+                                ? QString::number(numero)
+                                : SerieFactura.trimmed() + u'/' + QString::number(numero);
+    if (!FechaFactura.isValid()) {
+        throw ErrorBd(mensajes::kTesoreriaSinFecha.arg(factura));
+    }
+    Conexion& cn = MyBd->cn();
+
+    Recordset fco =
+        cn.Execute(QStringLiteral("SELECT Fco_Des FROM Fco WHERE Fco_Id = ?"), {IdFormaCobro});
+    const QString descripcion = fco.Eof() ? QString() : fco.Fields(0).Texto();
+    Recordset rs = cn.Execute(QStringLiteral("SELECT Fcol_Dias, Fcol_Porcentaje, Fcol_Mod FROM "
+                                             "Fcol WHERE Fcol_id = ? ORDER BY Fcol_Dias, "
+                                             "Fcol_Linea"),
+                              {IdFormaCobro});
+    std::vector<Plazo> plazos;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        plazos.push_back({static_cast<int>(rs.Fields(0).Entero()), rs.Fields(1).Doble(),
+                          static_cast<int>(rs.Fields(2).Entero())});
+    }
+    sCobro_ = cobroDe(plazos, nCompensa, CtaBancoAsignado);
+
+    // A NULL state is read as pending, the column's default.
+    cn.Execute(QStringLiteral("DELETE FROM Rec WHERE Rec_Tipo = ? AND Rec_IdFac = ? AND "
+                              "COALESCE(Rec_Sit, 1) = ?"),
+               {kTipoVenta, idfactura, kPendiente});
+    Recordset curso = cn.Execute(
+        QStringLiteral("SELECT COUNT(*), COALESCE(SUM(Rec_Importe), 0) FROM Rec WHERE Rec_Tipo = "
+                       "? AND Rec_IdFac = ? AND COALESCE(Rec_Sit, 1) <> ?"),
+        {kTipoVenta, idfactura, kPendiente});
+    const bool hayEnCurso = curso.Fields(0).Entero() > 0;
+    // Receipts under way are the customer's money already on its way: the new
+    // ones ask only for the rest, so the invoice is never collected twice.
+    const double importe = Redondea(TotalFactura - curso.Fields(1).Doble(), 2);
+    if (hayEnCurso && importe == 0) {
+        return;
+    }
+
+    const std::vector<Vencimiento> vtos =
+        CalculaVencimientos(FechaFactura, importe, plazos, DiasPago1, DiasPago2, MesSinPago);
+    QStringList piezas{descripcion};
+    for (const Vencimiento& v : vtos) {
+        piezas << Format(v.fecha, QStringLiteral("dd/mm/yyyy")) + QStringLiteral("  ") +
+                      FormatoMoneda(v.importe);
+    }
+    const QString texto = piezas.join(u'#');
+
+    for (const Vencimiento& v : vtos) {
+        MyBd->Limpia();
+        MyBd->Tabla(QStringLiteral("Rec"));
+        BdCampos& c = MyBd->xlsCampos();
+        c.Add(QStringLiteral("Rec_Tipo"), TipoCampo::Numero, kTipoVenta);
+        c.Add(QStringLiteral("Rec_IdFac"), TipoCampo::Numero, idfactura);
+        c.Add(QStringLiteral("Rec_IdClPr"), TipoCampo::Numero, IdCliente);
+        c.Add(QStringLiteral("Rec_Serie"), TipoCampo::Texto, SerieFactura);
+        c.Add(QStringLiteral("Rec_Numero"), TipoCampo::Numero, numero);
+        c.Add(QStringLiteral("Rec_FVto"), TipoCampo::Fecha, v.fecha);
+        c.Add(QStringLiteral("Rec_Importe"), TipoCampo::Importe, v.importe, 2);
+        c.Add(QStringLiteral("Rec_Cta"), TipoCampo::Texto, CtaCobroCliente);
+        c.Add(QStringLiteral("Rec_CtaBanco"), TipoCampo::Texto, CtaBancoAsignado);
+        c.Add(QStringLiteral("Rec_Iban"), TipoCampo::Texto, sIban);
+        c.Add(QStringLiteral("Rec_Swift"), TipoCampo::Texto, sSwift);
+        c.Add(QStringLiteral("Rec_Mod"), TipoCampo::Numero, v.modo);
+        c.Add(QStringLiteral("Rec_Sit"), TipoCampo::Numero, kPendiente);
+        c.Add(QStringLiteral("Rec_Age"), TipoCampo::Numero, Idagente.value_or(0));
+        c.Add(QStringLiteral("Rec_IdRem"), TipoCampo::Numero, 0);
+        c.Add(QStringLiteral("Rec_Cartera"), TipoCampo::Numero, bCartera);
+        c.Add(QStringLiteral("Rec_Texto"), TipoCampo::Texto, texto);
+        c.Add(QStringLiteral("Rec_Obser"), TipoCampo::Texto, QString());
+        QString sMensaje;
+        if (!MyBd->Inserta(sMensaje)) {
+            throw ErrorBd(mensajes::kTesoreriaErrorRecibo.arg(factura, sMensaje),
+                          ErrorBd::kBuilder);
+        }
+    }
+}
+
+void TesoreriaIncorporada::jManteRecibos(qint32 idRecibo) {
+    LanzadorPantallas* lanzador = LanzadorActual();
+    if (!lanzador) {
+        throw ErrorBd(vk::mensajes::kSinLanzador.arg(kPantallaRecibos));
+    }
+    lanzador->Muestra(
+        {kPantallaRecibos,
+         {{QStringLiteral("idRecibo"), idRecibo}, {QStringLiteral("bCobPag"), bCobPag}}});
+}
+
+void RegistraTesoreria() {
+    RegistraComponente(QString::fromLatin1(VKTESORE::kProgId),
+                       [] { return std::make_unique<TesoreriaIncorporada>(); });
+}
+
+} // namespace vk::suite
