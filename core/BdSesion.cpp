@@ -163,9 +163,9 @@ QString BdSesion::abrePostgres(const CadenaConexion& c, ModoApertura) {
 }
 
 qint64 BdSesion::IdEmpresa() const {
-    Recordset rs = cn_->Execute(
-        QStringLiteral("SELECT Emp_id FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
-        {Catalogo()});
+    Recordset rs =
+        cn_->Execute(QStringLiteral("SELECT Emp_id FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
+                     {Catalogo()});
     if (rs.Eof()) {
         throw ErrorBd(QStringLiteral("La empresa «%1» no figura en la tabla de empresas (Emp) del "
                                      "catálogo común.")

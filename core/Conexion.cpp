@@ -25,18 +25,20 @@ Conexion::Conexion(QString nombreConexion, Dialecto dialecto)
     : nombre_(std::move(nombreConexion)), dialecto_(dialecto) {}
 
 Conexion::~Conexion() {
-    {
-        QSqlDatabase db = QSqlDatabase::database(nombre_, false);
-        if (db.isOpen()) {
-            db.close();
-        }
-    }
+    Cierra();
     QSqlDatabase::removeDatabase(nombre_);
 }
 
 bool Conexion::EstaAbierta() const {
     const QSqlDatabase db = QSqlDatabase::database(nombre_, false);
     return db.isValid() && db.isOpen();
+}
+
+void Conexion::Cierra() {
+    QSqlDatabase db = QSqlDatabase::database(nombre_, false);
+    if (db.isOpen()) {
+        db.close();
+    }
 }
 
 Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) {

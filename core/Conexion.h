@@ -39,6 +39,8 @@ public:
     int NivelTransaccion() const { return nivel_; }
 
     bool EstaAbierta() const;
+    // Closes the connection; every later statement fails.
+    void Cierra();
     // Statements run on this connection, for the benchmarks.
     qint64 Sentencias() const { return sentencias_; }
 

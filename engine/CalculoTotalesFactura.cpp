@@ -9,7 +9,6 @@
 #include <ErrorBd.h>
 #include <Redondeo.h>
 #include <VKFACVENTAS.h>
-
 #include <array>
 
 namespace vk {

@@ -5,8 +5,8 @@
 namespace vk {
 
 qint16 fnRegimenCliente(BdSesion& bd, qint32 idCliente) {
-    Recordset rs = bd.cn().Execute(QStringLiteral("SELECT CLI_REG FROM Cli WHERE CLI_ID = ?"),
-                                   {idCliente});
+    Recordset rs =
+        bd.cn().Execute(QStringLiteral("SELECT CLI_REG FROM Cli WHERE CLI_ID = ?"), {idCliente});
     if (rs.Eof()) {
         return 0;
     }

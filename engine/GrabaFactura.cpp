@@ -8,7 +8,6 @@
 #include <ErrorBd.h>
 #include <Interaccion.h>
 #include <VKFACVENTAS.h>
-
 #include <array>
 
 namespace vk {

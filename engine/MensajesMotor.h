@@ -7,9 +7,11 @@ namespace vk::mensajes {
 
 inline const QString kNumeroInicialNoValido =
     QStringLiteral("Escriba un número de factura entero mayor que 0.");
-inline const QString kConexionPerdida = QStringLiteral("La conexión con la Base de Datos se perdió");
+inline const QString kConexionPerdida =
+    QStringLiteral("La conexión con la Base de Datos se perdió");
 inline const QString kTituloFecha = QStringLiteral("Verificación de la fecha factura");
-inline const QString kFechaInferior = QStringLiteral("La Fecha de Factura no puede ser inferior a ");
+inline const QString kFechaInferior =
+    QStringLiteral("La Fecha de Factura no puede ser inferior a ");
 inline const QString kFechaNoValida = QStringLiteral("La fecha «%1» no es una fecha válida.");
 inline const QString kUltimaFechaSerie =
     QStringLiteral("La Fecha de la última factura de la serie %1 es %2\nDese cambiar la factura "
@@ -22,7 +24,7 @@ inline const QString kFechaAnterior =
 inline const QString kLineaSinIva = QStringLiteral(
     "La factura %1 tiene líneas de albarán sin un tipo de IVA válido (Lav_Tiva): corrija los "
     "albaranes antes de calcularla.");
-inline const QString kSinTipoEnVigor = QStringLiteral(
-    "No hay ningún tipo de IVA del régimen %1, clase %2, en vigor el %3.");
+inline const QString kSinTipoEnVigor =
+    QStringLiteral("No hay ningún tipo de IVA del régimen %1, clase %2, en vigor el %3.");
 
 } // namespace vk::mensajes

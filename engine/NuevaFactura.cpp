@@ -34,8 +34,8 @@ qint32 siguienteNumero(VKFACVENTAS& f, Conexion& cn) {
 qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
     BdSesion& bd = MyBd();
     Conexion& cn = bd.cn();
-    const QString nombre =
-        fnNombreCliente(static_cast<int>(bd.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
+    const QString nombre = fnNombreCliente(
+        static_cast<int>(bd.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
 
     // "max + 1 in the series" is only safe with the series locked from the
     // read to the insert: a transaction of its own (or a savepoint inside the

@@ -31,11 +31,11 @@ QString msGeneraRecibosFactura(VKFACVENTAS& f) {
     t->FechaFactura = f.FechaFactura;
     if (!t->FechaFactura.isValid()) {
         // The row took the server's date.
-        t->FechaFactura = bd.cn()
-                              .Execute(QStringLiteral("SELECT Fav_Fecha FROM Fav WHERE Fav_Id = ?"),
-                                       {f.IdFactu})
-                              .Fields(0)
-                              .Fecha();
+        t->FechaFactura =
+            bd.cn()
+                .Execute(QStringLiteral("SELECT Fav_Fecha FROM Fav WHERE Fav_Id = ?"), {f.IdFactu})
+                .Fields(0)
+                .Fecha();
     }
     // The receipts add up to what the customer really pays.
     t->TotalFactura = f.Liquido;

@@ -11,16 +11,18 @@ namespace vk {
 
 namespace {
 
-QString ddmmyyyy(const QDate& d) { return d.toString(QStringLiteral("dd/MM/yyyy")); }
+QString ddmmyyyy(const QDate& d) {
+    return d.toString(QStringLiteral("dd/MM/yyyy"));
+}
 
 // The neighbour of an invoice by number, before or after it.
 std::optional<QDate> fechaVecina(BdSesion& bd, const QString& serie, qint32 numero,
                                  bool siguiente) {
-    const QString sql =
-        siguiente ? QStringLiteral("SELECT Fav_Fecha FROM Fav WHERE Fav_Serie = ? AND "
-                                   "Fav_Numero > ? ORDER BY Fav_Numero LIMIT 1")
-                  : QStringLiteral("SELECT Fav_Fecha FROM Fav WHERE Fav_Serie = ? AND "
-                                   "Fav_Numero < ? ORDER BY Fav_Numero DESC LIMIT 1");
+    const QString sql = siguiente
+                            ? QStringLiteral("SELECT Fav_Fecha FROM Fav WHERE Fav_Serie = ? AND "
+                                             "Fav_Numero > ? ORDER BY Fav_Numero LIMIT 1")
+                            : QStringLiteral("SELECT Fav_Fecha FROM Fav WHERE Fav_Serie = ? AND "
+                                             "Fav_Numero < ? ORDER BY Fav_Numero DESC LIMIT 1");
     Recordset rs = bd.cn().Execute(sql, {serie, numero});
     if (rs.Eof() || rs.Fields(0).IsNull()) {
         return std::nullopt;
@@ -78,11 +80,13 @@ std::optional<QDate> fnFechaCambioSerie(BdSesion& bd, const QString& nuevaSerie,
 }
 
 bool fnFechaEntreVecinas(BdSesion& bd, const QString& serie, qint32 numero, const QDate& nueva) {
-    if (const auto siguiente = fechaVecina(bd, serie, numero, true); siguiente && nueva > *siguiente) {
+    if (const auto siguiente = fechaVecina(bd, serie, numero, true);
+        siguiente && nueva > *siguiente) {
         Ui().Mensaje(mensajes::kFechaPosterior.arg(ddmmyyyy(*siguiente)), Icono::Aviso, QString());
         return false;
     }
-    if (const auto anterior = fechaVecina(bd, serie, numero, false); anterior && nueva < *anterior) {
+    if (const auto anterior = fechaVecina(bd, serie, numero, false);
+        anterior && nueva < *anterior) {
         Ui().Mensaje(mensajes::kFechaAnterior.arg(ddmmyyyy(*anterior)), Icono::Aviso, QString());
         return false;
     }

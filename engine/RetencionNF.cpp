@@ -39,7 +39,8 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
           fav.Fields(QStringLiteral("fav_idcli")).Value());
     c.Add(QStringLiteral("RetNF_IdFactura"), TipoCampo::Numero, f.IdFactu);
     c.Add(QStringLiteral("RetNF_Tipo"), TipoCampo::Texto, QStringLiteral("F"));
-    c.Add(QStringLiteral("RetNF_Fecha "), TipoCampo::Fecha, fav.Fields(QStringLiteral("Fav_Fecha")).Fecha());
+    c.Add(QStringLiteral("RetNF_Fecha "), TipoCampo::Fecha,
+          fav.Fields(QStringLiteral("Fav_Fecha")).Fecha());
     c.Add(QStringLiteral("RetNF_ImpRet"), TipoCampo::Importe,
           fav.Fields(QStringLiteral("Fav_Iretnf")).Doble(), 2);
     c.Add(QStringLiteral("RetNF_ImpPag"), TipoCampo::Numero, 0);
@@ -49,8 +50,9 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
     c.Add(QStringLiteral("RetNF_IdRec"), TipoCampo::Numero, idRecibo);
     bd.Where(QString());
     if (!bd.Inserta(mensaje)) {
-        throw ErrorBd(QStringLiteral("No se pudo grabar la retención de la factura: %1").arg(mensaje),
-                      ErrorBd::kBuilder);
+        throw ErrorBd(
+            QStringLiteral("No se pudo grabar la retención de la factura: %1").arg(mensaje),
+            ErrorBd::kBuilder);
     }
 }
 

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <Interaccion.h>
-
 #include <QString>
 
 namespace vk {

@@ -23,8 +23,11 @@ case "$accion" in
 start)
     mkdir -p "$dir"
     if [ "$(id -u)" -eq 0 ]; then chown postgres: "$dir"; fi
-    if [ -f "$dir/datos/postmaster.pid" ]; then
-        "${como[@]}" "$bin/pg_ctl" -D "$dir/datos" -m immediate stop >/dev/null 2>&1 || true
+    # A server left running by an earlier run is reused; a dead one's pid
+    # file does not stop a new start.
+    if "${como[@]}" "$bin/pg_ctl" -D "$dir/datos" status >/dev/null 2>&1; then
+        echo "PostgreSQL de pruebas en $dir (ya en marcha)"
+        exit 0
     fi
     if [ ! -f "$dir/datos/PG_VERSION" ]; then
         "${como[@]}" "$bin/initdb" -D "$dir/datos" -U postgres -A trust -E UTF8 \

@@ -23,8 +23,7 @@ protected:
 
 TEST_P(Totales, ThreeSlotsWithHeaderDiscountsThatLeaveCents) {
     const qint32 c = e->cliente();
-    const qint32 a = e->albaran(c, kHoy, 1,
-                                {{100.05, 1, 1}, {10.05, 1, 2}, {10.05, 1, 3}});
+    const qint32 a = e->albaran(c, kHoy, 1, {{100.05, 1, 1}, {10.05, 1, 2}, {10.05, 1, 3}});
     VKFACVENTAS& f = calcula(c, {a}, 5, 2);
     EXPECT_DOUBLE_EQ(f.Bruto, 120.15);
     EXPECT_DOUBLE_EQ(f.PorcentajeDto1, 5);

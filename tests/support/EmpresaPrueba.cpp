@@ -34,9 +34,10 @@ void EmpresaPrueba::parametro(const QString& nombre, const QVariant& valor) {
 qint32 EmpresaPrueba::cliente(const ClientePrueba& c) {
     const int codigo = siguienteCodigo_++;
     Recordset rs = cn().Execute(
-        QStringLiteral("INSERT INTO Cli (CLI_COD, cli_nom, cli_ape1, CLI_DOC, Cli_Reg, cli_fco, "
-                       "CLI_RetNFiscal, CLI_ModoRetNF, Cli_Di1, CLI_DI2, Cli_msp, CLI_IdAge, "
-                       "Cli_CtaCon) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING CLI_ID"),
+        QStringLiteral(
+            "INSERT INTO Cli (CLI_COD, cli_nom, cli_ape1, CLI_DOC, Cli_Reg, cli_fco, "
+            "CLI_RetNFiscal, CLI_ModoRetNF, Cli_Di1, CLI_DI2, Cli_msp, CLI_IdAge, "
+            "Cli_CtaCon) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING CLI_ID"),
         {codigo, QStringLiteral("Cliente"), QStringLiteral("Número %1").arg(codigo),
          QStringLiteral("%1A").arg(10000000 + codigo), c.regimen, c.idFco, c.retNf, c.modoRetNf,
          c.diaPago1, c.diaPago2, c.mesSinPago, c.agente,
@@ -123,8 +124,9 @@ qint32 EmpresaPrueba::nuevaFactura(qint32 idCliente, const QDate& fecha,
         return 0;
     }
     for (const qint32 a : albaranes) {
-        cn().Execute(QStringLiteral("UPDATE Cav SET Cav_Situa = 2, Cav_IdFactura = ? WHERE Cav_Id = ?"),
-                     {id, a});
+        cn().Execute(
+            QStringLiteral("UPDATE Cav SET Cav_Situa = 2, Cav_IdFactura = ? WHERE Cav_Id = ?"),
+            {id, a});
     }
     t.Confirma();
     f.IdFactu = id;

@@ -6,10 +6,8 @@
 #include "BasePrueba.h"
 
 #include <InteraccionGuion.h>
-#include <VKFACVENTAS.h>
-
 #include <QDate>
-
+#include <VKFACVENTAS.h>
 #include <vector>
 
 namespace vk::prueba {
@@ -58,7 +56,8 @@ public:
     // The header the screens compose, NuevaFactura, the notes linked, and the
     // invoice id in IdFactu. Nothing is calculated yet.
     qint32 nuevaFactura(qint32 idCliente, const QDate& fecha, const std::vector<qint32>& albaranes,
-                        double dto1 = 0, double dto2 = 0, const QString& serie = QStringLiteral("A"));
+                        double dto1 = 0, double dto2 = 0,
+                        const QString& serie = QStringLiteral("A"));
 
     qint64 cuenta(const QString& sql, const QVariantList& params = {});
 
