@@ -1,5 +1,6 @@
 // vkfactuven: the command-line host of the sales invoicing library.
 #include "Argumentos.h"
+#include "OrdenFactura.h"
 #include "OrdenInit.h"
 
 #include <ErrorBd.h>
@@ -15,6 +16,8 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
   init  [--db DB] [--demo]   crea o actualiza los catálogos de la empresa y sus datos
                              de referencia; con --demo añade una empresa de demostración
   demo  [--db DIR]           empresa de demostración en SQLite y resumen de lo pendiente
+  factura --serie S --fecha DD/MM/AAAA --albaranes ID[,ID...] [--numero N] [--usuario N] [--db DB]
+                             factura los albaranes indicados de un cliente
 
 DB es un directorio (SQLite), sqlite:DIR?catalogo=NOMBRE o
 postgresql://usuario@servidor:puerto/base?catalogo=nombre.
@@ -38,6 +41,9 @@ int main(int argc, char** argv) {
     try {
         if (orden == QLatin1String("init")) {
             return vk::app::OrdenInit(args, out);
+        }
+        if (orden == QLatin1String("factura")) {
+            return vk::app::OrdenFactura(args, out);
         }
         if (orden == QLatin1String("demo")) {
             return vk::app::OrdenDemo(args, out);

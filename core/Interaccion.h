@@ -65,4 +65,18 @@ void EstableceInteraccion(Interaccion* interaccion);
 // The registered port; throws ErrorBd when there is none.
 Interaccion& Ui();
 
+// Registers a port for a scope and puts the previous one back after it.
+class UsaInteraccion {
+public:
+    explicit UsaInteraccion(Interaccion& interaccion) : anterior_(InteraccionActual()) {
+        EstableceInteraccion(&interaccion);
+    }
+    ~UsaInteraccion() { EstableceInteraccion(anterior_); }
+    UsaInteraccion(const UsaInteraccion&) = delete;
+    UsaInteraccion& operator=(const UsaInteraccion&) = delete;
+
+private:
+    Interaccion* anterior_;
+};
+
 } // namespace vk

@@ -1,0 +1,108 @@
+// The command line as a person runs it: real processes on both backends.
+#include "BasePrueba.h"
+
+#include <QProcess>
+
+namespace vk::prueba {
+namespace {
+
+struct Salida {
+    int codigo;
+    QString texto;
+};
+
+Salida ejecuta(const QStringList& args) {
+    QProcess p;
+    p.setProcessChannelMode(QProcess::MergedChannels);
+    p.start(QStringLiteral(VK_PROGRAMA), args);
+    p.waitForFinished(120000);
+    return {p.exitCode(), QString::fromUtf8(p.readAll())};
+}
+
+class Ordenes : public PruebaMotores {
+protected:
+    void SetUp() override {
+        base = std::make_unique<BasePrueba>(GetParam());
+        db = base->cadenaCatalogo(QStringLiteral("vkemp0001"));
+    }
+    // Pending notes of one customer of the demo company, and one of another.
+    std::pair<QStringList, QString> albaranes() {
+        auto s = BdSesion::Abre(db);
+        Recordset rs = s->cn().Execute(QStringLiteral(
+            "SELECT Cav_Id, Cav_IdCli FROM Cav WHERE Cav_Situa = 1 ORDER BY Cav_IdCli, Cav_Id"));
+        QStringList mismos;
+        const qint64 primero = rs.Fields(1).Entero();
+        QString otro;
+        for (; !rs.Eof(); rs.MoveNext()) {
+            if (rs.Fields(1).Entero() == primero) {
+                mismos << rs.Fields(0).Texto();
+            } else if (otro.isEmpty()) {
+                otro = rs.Fields(0).Texto();
+            }
+        }
+        return {mismos, otro};
+    }
+    qint64 facturas() {
+        return BdSesion::Abre(db)->cn().Execute(QStringLiteral("SELECT COUNT(*) FROM Fav")).Fields(0).Entero();
+    }
+    std::unique_ptr<BasePrueba> base;
+    QString db;
+};
+
+TEST_P(Ordenes, InitTwiceThenInvoiceNotesOfOneCustomer) {
+    Salida s = ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Empresa VKEMP0001 creada"))) << s.texto.toStdString();
+    s = ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("ya existían")));
+
+    const auto [mismos, otro] = albaranes();
+    ASSERT_GE(mismos.size(), 2);
+    const QStringList comun{QStringLiteral("factura"), QStringLiteral("--db"), db,
+                            QStringLiteral("--serie"), QStringLiteral("F"),
+                            QStringLiteral("--fecha"), QStringLiteral("20/11/2026")};
+    // Refusals: nothing written, a clear message, exit status not 0.
+    const std::pair<QString, QString> rechazos[] = {
+        {QStringLiteral("99999"), QStringLiteral("No existe el albarán 99999.")},
+        {mismos[0] + QLatin1Char(',') + otro, QStringLiteral("Los albaranes son de varios clientes")},
+    };
+    for (const auto& [lista, mensaje] : rechazos) {
+        s = ejecuta(comun + QStringList{QStringLiteral("--albaranes"), lista});
+        EXPECT_NE(s.codigo, 0);
+        EXPECT_TRUE(s.texto.contains(mensaje)) << s.texto.toStdString();
+    }
+    EXPECT_EQ(facturas(), 0);
+
+    // A new series starts at the number given.
+    s = ejecuta(comun + QStringList{QStringLiteral("--albaranes"), mismos.mid(0, 2).join(QLatin1Char(',')),
+                                    QStringLiteral("--numero"), QStringLiteral("70")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Factura F/70 de 20/11/2026"))) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Total factura"))) << s.texto.toStdString();
+    // The same notes again are already invoiced; an earlier date is refused.
+    s = ejecuta(comun + QStringList{QStringLiteral("--albaranes"), mismos[0]});
+    EXPECT_NE(s.codigo, 0);
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("ya está facturado"))) << s.texto.toStdString();
+    if (mismos.size() > 2) {
+        QStringList anterior = comun;
+        anterior[6] = QStringLiteral("19/11/2026");
+        s = ejecuta(anterior + QStringList{QStringLiteral("--albaranes"), mismos[2]});
+        EXPECT_NE(s.codigo, 0);
+        EXPECT_TRUE(s.texto.contains(QStringLiteral("no puede ser inferior a 20/11/2026")));
+        // The next number follows.
+        s = ejecuta(comun + QStringList{QStringLiteral("--albaranes"), mismos[2]});
+        EXPECT_EQ(s.codigo, 0) << s.texto.toStdString();
+        EXPECT_TRUE(s.texto.contains(QStringLiteral("Factura F/71"))) << s.texto.toStdString();
+    }
+    EXPECT_EQ(facturas(), mismos.size() > 2 ? 2 : 1);
+
+    s = ejecuta({QStringLiteral("factura"), QStringLiteral("--db"), db});
+    EXPECT_EQ(s.codigo, 2);
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Indique la serie")));
+}
+
+VK_EN_AMBOS_MOTORES(Ordenes);
+
+} // namespace
+} // namespace vk::prueba
