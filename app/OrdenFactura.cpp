@@ -99,8 +99,8 @@ QString tipo(double porcentaje) {
 }
 
 void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
-    Recordset fav = bd.cn().Execute(
-        QStringLiteral("SELECT Fav_CliNom FROM Fav WHERE Fav_Id = ?"), {f.IdFactu});
+    Recordset fav =
+        bd.cn().Execute(QStringLiteral("SELECT Fav_CliNom FROM Fav WHERE Fav_Id = ?"), {f.IdFactu});
     const qint64 recibos = bd.cn()
                                .Execute(QStringLiteral("SELECT COUNT(*) FROM Rec WHERE Rec_Tipo = "
                                                        "1 AND Rec_IdFac = ?"),
@@ -119,12 +119,10 @@ void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
         << Qt::endl;
     fila(QStringLiteral("Bruto"), f.Bruto);
     if (f.ImpDto1 != 0) {
-        fila(QStringLiteral("Descuento %1 %").arg(tipo(f.PorcentajeDto1)),
-             -f.ImpDto1);
+        fila(QStringLiteral("Descuento %1 %").arg(tipo(f.PorcentajeDto1)), -f.ImpDto1);
     }
     if (f.ImpDto2 != 0) {
-        fila(QStringLiteral("Descuento %1 %").arg(tipo(f.PorcentajeDto2)),
-             -f.ImpDto2);
+        fila(QStringLiteral("Descuento %1 %").arg(tipo(f.PorcentajeDto2)), -f.ImpDto2);
     }
     if (f.ImpDtoPie1 != 0) {
         fila(QStringLiteral("Descuento por unidades"), -f.ImpDtoPie1);
@@ -142,13 +140,11 @@ void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
         fila(QStringLiteral("Base al %1 %").arg(tipoIva), bases[i]);
         fila(QStringLiteral("IVA %1 %").arg(tipoIva), iIva[i]);
         if (iRec[i] != 0) {
-            fila(QStringLiteral("Recargo %1 %").arg(tipo(pRec[i])),
-                 iRec[i]);
+            fila(QStringLiteral("Recargo %1 %").arg(tipo(pRec[i])), iRec[i]);
         }
     }
     if (f.ImpRetencion != 0) {
-        fila(QStringLiteral("Retención IRPF %1 %")
-                 .arg(tipo(f.PorcentajeRetencion)),
+        fila(QStringLiteral("Retención IRPF %1 %").arg(tipo(f.PorcentajeRetencion)),
              -f.ImpRetencion);
     }
     fila(QStringLiteral("Total factura"), f.TotalFactura);
@@ -163,9 +159,9 @@ void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
 
 int OrdenFactura(const QStringList& args, QTextStream& out) {
     const Argumentos a(args,
-                       {QStringLiteral("--db"), QStringLiteral("--serie"), QStringLiteral("--fecha"),
-                        QStringLiteral("--albaranes"), QStringLiteral("--numero"),
-                        QStringLiteral("--usuario")},
+                       {QStringLiteral("--db"), QStringLiteral("--serie"),
+                        QStringLiteral("--fecha"), QStringLiteral("--albaranes"),
+                        QStringLiteral("--numero"), QStringLiteral("--usuario")},
                        {});
     const QString serie = a.valor(QStringLiteral("--serie")).value_or(QString()).trimmed();
     if (serie.isEmpty()) {
@@ -176,7 +172,8 @@ int OrdenFactura(const QStringList& args, QTextStream& out) {
         throw ErrorUso(QStringLiteral("Indique la fecha de la factura con --fecha DD/MM/AAAA."));
     }
     const QDate fecha = fnLeeFecha(*textoFecha);
-    const QList<qint32> albaranes = leeAlbaranes(a.valor(QStringLiteral("--albaranes")).value_or(QString()));
+    const QList<qint32> albaranes =
+        leeAlbaranes(a.valor(QStringLiteral("--albaranes")).value_or(QString()));
     qint32 numero = 0;
     if (const auto n = a.valor(QStringLiteral("--numero"))) {
         bool ok = false;
@@ -239,14 +236,13 @@ int OrdenFactura(const QStringList& args, QTextStream& out) {
                                         "Cav_Id = ? AND Cav_Situa = 1"),
                          {id, albaran});
         if (bd->cn().RecordsAffected() != 1) {
-                throw ErrorBd(QStringLiteral("El albarán %1 ya está facturado.").arg(albaran));
+            throw ErrorBd(QStringLiteral("El albarán %1 ya está facturado.").arg(albaran));
         }
     }
     f.CalculoTotalesFactura();
     if (!f.GrabaFactura(true, false)) {
-        throw ErrorBd(QStringLiteral("No se pudo grabar la factura %1/%2.")
-                          .arg(serie)
-                          .arg(f.NumeroFactura));
+        throw ErrorBd(
+            QStringLiteral("No se pudo grabar la factura %1/%2.").arg(serie).arg(f.NumeroFactura));
     }
     t.Confirma();
     imprimeFactura(f, *bd, out);

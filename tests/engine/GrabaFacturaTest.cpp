@@ -6,6 +6,7 @@
 #include <ErrorBd.h>
 #include <MensajesCore.h>
 #include <MensajesMotor.h>
+#include <Recibos.h>
 #include <RegistroSuite.h>
 
 namespace vk::prueba {
@@ -120,6 +121,22 @@ TEST_P(Graba, ReceiptsAddUpToTheNetAmount) {
     // Saved again, the receipts are not doubled.
     ASSERT_TRUE(f.GrabaFactura(true));
     EXPECT_EQ(recibos(), 2);
+
+    // The notes change agent: the receipts follow; a note without one does not clear it.
+    e->cn().Execute(QStringLiteral("UPDATE Cav SET Cav_Agente = 9 WHERE Cav_IdFactura = ?"),
+                    {f.IdFactu});
+    msActualizaAgenteRecibos(f);
+    EXPECT_EQ(
+        e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Rec WHERE Rec_IdFac = ? AND Rec_Age = 9"),
+                  {f.IdFactu}),
+        2);
+    e->cn().Execute(QStringLiteral("UPDATE Cav SET Cav_Agente = 0 WHERE Cav_IdFactura = ?"),
+                    {f.IdFactu});
+    msActualizaAgenteRecibos(f);
+    EXPECT_EQ(
+        e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Rec WHERE Rec_IdFac = ? AND Rec_Age = 9"),
+                  {f.IdFactu}),
+        2);
 }
 
 TEST_P(Graba, CreditNotesMakeReceiptsOnlyWhenTheCompanySaysSo) {
