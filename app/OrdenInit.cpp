@@ -1,11 +1,14 @@
 #include "OrdenInit.h"
 
 #include "Argumentos.h"
+#include "OrdenFacturar.h"
 
 #include <BdSesion.h>
 #include <CreaEmpresa.h>
 #include <EmpresaDemo.h>
 #include <Formato.h>
+#include <RegistroSuite.h>
+#include <VKFACVENTAS.h>
 
 namespace vk::app {
 
@@ -66,14 +69,33 @@ int OrdenDemo(const QStringList& args, QTextStream& out) {
     const Argumentos a(args, {QStringLiteral("--db")}, {});
     const Creada c = creaEmpresa(a.baseDatos(), true);
     imprimeResumen(c, out);
+
+    suite::RegistraComponentesSuite();
+    VKFACVENTAS f;
+    f.setMyBd(*c.sesion);
+    OpcionesFacturar o;
+    o.fecha = Format(QDate::currentDate(), QStringLiteral("dd/mm/yyyy"));
+    out << QStringLiteral("Facturación de los albaranes pendientes a %1:").arg(o.fecha) << Qt::endl;
+    Factura(f, o, out);
+
     Conexion& cn = c.sesion->cn();
-    Recordset rs = cn.Execute(
-        QStringLiteral("SELECT COUNT(DISTINCT c.Cav_Id) AS n, COALESCE(SUM(l.Lav_Importe), 0) AS "
-                       "importe FROM Cav c JOIN Lav l ON l.Lav_IdCav = c.Cav_Id WHERE "
-                       "c.Cav_Situa = 1"));
-    out << QStringLiteral("Albaranes pendientes de facturar: %1, por %2 sin impuestos.")
-               .arg(rs.Fields(QStringLiteral("n")).Entero())
-               .arg(FormatoMoneda(rs.Fields(QStringLiteral("importe")).Doble()))
+    Recordset fav = cn.Execute(
+        QStringLiteral("SELECT COUNT(*) AS n, COALESCE(SUM(Fav_Total), 0) AS total FROM Fav"));
+    Recordset rec = cn.Execute(QStringLiteral(
+        "SELECT COUNT(*) AS n, COALESCE(SUM(Rec_Importe), 0) AS total FROM Rec WHERE Rec_Tipo = 1"));
+    out << Qt::endl << QStringLiteral("Resumen de la empresa de demostración") << Qt::endl;
+    out << QStringLiteral("  Facturas              %1   %2")
+               .arg(fav.Fields(0).Entero(), 6)
+               .arg(FormatoMoneda(fav.Fields(1).Doble()), 16)
+        << Qt::endl;
+    out << QStringLiteral("  Recibos               %1   %2")
+               .arg(rec.Fields(0).Entero(), 6)
+               .arg(FormatoMoneda(rec.Fields(1).Doble()), 16)
+        << Qt::endl;
+    out << QStringLiteral("  Datos en              %1").arg(c.sesion->cadena().descripcion())
+        << Qt::endl;
+    out << QStringLiteral("  PDF de las facturas   todavía no: la emisión llegará con el "
+                          "despachador de emisión")
         << Qt::endl;
     return 0;
 }

@@ -1,6 +1,7 @@
 // vkfactuven: the command-line host of the sales invoicing library.
 #include "Argumentos.h"
 #include "OrdenFactura.h"
+#include "OrdenFacturar.h"
 #include "OrdenInit.h"
 
 #include <ErrorBd.h>
@@ -18,6 +19,10 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
   demo  [--db DIR]           empresa de demostración en SQLite y resumen de lo pendiente
   factura --serie S --fecha DD/MM/AAAA --albaranes ID[,ID...] [--numero N] [--usuario N] [--db DB]
                              factura los albaranes indicados de un cliente
+  facturar --fecha DD/MM/AAAA [--serie S] [--desde F] [--hasta F] [--cliente COD]
+           [--serie-albaran S] [--incluir-cero] [--no-agrupar-agentes]
+           [--salida ninguna|pdf|impresora|pantalla] [--copias N] [--db DB]
+                             factura todos los albaranes pendientes, una factura por grupo
 
 DB es un directorio (SQLite), sqlite:DIR?catalogo=NOMBRE o
 postgresql://usuario@servidor:puerto/base?catalogo=nombre.
@@ -44,6 +49,9 @@ int main(int argc, char** argv) {
         }
         if (orden == QLatin1String("factura")) {
             return vk::app::OrdenFactura(args, out);
+        }
+        if (orden == QLatin1String("facturar")) {
+            return vk::app::OrdenFacturar(args, out);
         }
         if (orden == QLatin1String("demo")) {
             return vk::app::OrdenDemo(args, out);

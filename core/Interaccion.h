@@ -49,6 +49,13 @@ public:
     // Shows a child dialog modally; true when it was accepted.
     virtual bool MuestraDialogo(DialogoModelo& dialogo) = 0;
 
+    // The printer dialog: the chosen printer (a CUPS queue), nothing when
+    // cancelled. Hosts without one keep the current printer.
+    virtual std::optional<QString> EligeImpresora(const QString& actual) {
+        (void)actual;
+        return std::nullopt;
+    }
+
     // Long runs: wait pointer, a chance to repaint, and how far they are.
     virtual void PunteroEspera(bool) {}
     virtual void Cede() {}

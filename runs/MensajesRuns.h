@@ -1,0 +1,28 @@
+// Messages of the invoicing runs shown to people, each defined once.
+#pragma once
+
+#include <QString>
+
+namespace vk::mensajes {
+
+inline const QString kTituloMultifactura = QStringLiteral("Facturación a Clientes (Multifactura)");
+inline const QString kSinAlbaranesPendientes = QStringLiteral(
+    "No existen albaranes pendientes de facturar entre los datos seleccionados");
+inline const QString kFaltaFechaFactura = QStringLiteral("Falta Fecha Factura");
+inline const QString kCuentaCobroIncorrecta = QStringLiteral(
+    "La cuenta de cobro del cliente no es correcta. No puede facturar este cliente");
+inline const QString kConfirmaTodos = QStringLiteral(
+    "Ha seleccionado facturar todos los clientes informados en la lista de clientes con "
+    "albaranes facturables\r\nConfirma que desea realizar esta acción");
+inline const QString kConfirmaSeleccion =
+    QStringLiteral("Confirma la selección de albaranes para el cliente ");
+inline const QString kDebeSeleccionar = QStringLiteral("Debe seleccionar albaranes para facturar");
+inline const QString kProcesoConcluido =
+    QStringLiteral("Proceso concluido, la factura generada es ");
+inline const QString kImprimirAlbaranes = QStringLiteral("Desea imprimir los numeros de albaran");
+inline const QString kAlbaranesPendientesDe = QStringLiteral("Albaranes pendientes de ");
+inline const QString kLineasDelAlbaran = QStringLiteral("Lineas del albaran ");
+inline const QString kFacturandoGrupo = QStringLiteral("Facturando %1");
+inline const QString kErrorGrupo = QStringLiteral("No se pudo terminar la factura de %1: %2");
+
+} // namespace vk::mensajes

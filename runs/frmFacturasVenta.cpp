@@ -1,0 +1,549 @@
+#include "frmFacturasVenta.h"
+
+#include "Combos.h"
+#include "MensajesRuns.h"
+
+#include <Ajustes.h>
+#include <BdUtil.h>
+#include <ErrorBd.h>
+#include <Formato.h>
+#include <Interaccion.h>
+#include <NombreCliente.h>
+#include <Redondeo.h>
+#include <ReglasFecha.h>
+#include <VKFACVENTAS.h>
+
+namespace vk {
+
+namespace {
+
+const QString kFormatoFecha = QStringLiteral("dd/mm/yyyy");
+
+std::optional<QDate> fechaDe(const QString& texto) {
+    try {
+        return fnLeeFecha(texto);
+    } catch (const ErrorBd&) {
+        return std::nullopt;
+    }
+}
+
+// The amount of a note or group after its two header discounts, rounded as
+// the server's money rounding does at each step.
+double importeConDescuentos(double suma, double dto1, double dto2) {
+    const double bruto = fnRedondeoMoney(suma);
+    const double d1 = fnRedondeoMoney(suma * dto1 / 100);
+    const double d2 = fnRedondeoMoney((bruto - d1) * dto2 / 100);
+    return fnRedondeoMoney(bruto - d1 - d2);
+}
+
+QString textoONada(const QVariant& v) { return v.isNull() ? QString() : v.toString(); }
+
+} // namespace
+
+frmFacturasVenta::frmFacturasVenta(VKFACVENTAS& factura)
+    : factura_(factura), bd_(factura.MyBd()) {
+    Caption = mensajes::kTituloMultifactura;
+    const QString hoy = Format(QDate::currentDate(), kFormatoFecha);
+    Text1[3] = hoy;
+    Text1[5] = fnSerieFacturaPorDefecto(bd_);
+    Text1[6] = hoy;
+    Text1[10] = LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("Printer"));
+    Text1[11] = QString::number(bd_.Parametros().Item(QStringLiteral("Par_NCopFac")).Entero());
+    Check3 = bd_.Parametros().Item(QStringLiteral("Par_RecCar")).Entero() == 1;
+    cboFpago = msCargarFormasCobro(bd_);
+    nombreCliente_ =
+        fnNombreCliente(static_cast<int>(bd_.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
+}
+
+void frmFacturasVenta::msBuscarCliente(qint32 nCodigo) {
+    if (nCodigo <= -1) {
+        BdUtil util;
+        util.Prepara(bd_.cn());
+        const QString r = util.Busca(
+            QStringLiteral("SELECT Cli_ID, Cli_COD, %1 AS RSNOM FROM Cli").arg(nombreCliente_),
+            QStringLiteral("RSNOM"), QStringLiteral("Nombre"), QStringLiteral("Codigo"),
+            QStringLiteral("Buscar Clientes"), 1300, 6000);
+        if (r.size() > 2) {
+            const QStringList partes = r.split(BdUtil::kSeparador);
+            idClienteFiltro_ = partes.value(0).toInt();
+            Text1[0] = partes.value(1);
+            Text1[1] = partes.value(2);
+        } else {
+            idClienteFiltro_ = 0;
+            Text1[0].clear();
+            Text1[1].clear();
+        }
+        return;
+    }
+    Recordset rs = bd_.cn().Execute(
+        QStringLiteral("SELECT Cli_ID, Cli_COD, %1 AS Cli_NOM FROM Cli WHERE Cli_COD = ?")
+            .arg(nombreCliente_),
+        {nCodigo});
+    if (rs.Eof()) {
+        idClienteFiltro_ = 0;
+        Text1[0].clear();
+        Text1[1].clear();
+        return;
+    }
+    idClienteFiltro_ = static_cast<qint32>(rs.Fields(QStringLiteral("Cli_ID")).Entero());
+    Text1[1] = rs.Fields(QStringLiteral("Cli_NOM")).Texto();
+}
+
+void frmFacturasVenta::Text1_0_LostFocus() {
+    if (Text1[0].trimmed().isEmpty()) {
+        idClienteFiltro_ = 0;
+        Text1[1].clear();
+        return;
+    }
+    msBuscarCliente(static_cast<qint32>(Val(Text1[0])));
+}
+
+frmFacturasVenta::Filtro frmFacturasVenta::clausulaFechas() const {
+    const std::optional<QDate> desde = fechaDe(Text1[2]);
+    const std::optional<QDate> hasta = fechaDe(Text1[3]);
+    const Dialecto& d = bd_.dialecto();
+    if (desde && hasta) {
+        return {QStringLiteral(" WHERE Cav_Fecha BETWEEN ? AND ? "),
+                {d.valorFecha(*desde), d.valorFecha(*hasta)}};
+    }
+    // A lone from-date acts as a latest date, as it always did.
+    if (desde || hasta) {
+        return {QStringLiteral(" WHERE Cav_Fecha <= ? "), {d.valorFecha(desde ? *desde : *hasta)}};
+    }
+    return {QStringLiteral(" WHERE Cav_id > 0 "), {}};
+}
+
+frmFacturasVenta::Filtro frmFacturasVenta::clausulaComun() const {
+    Filtro f = clausulaFechas();
+    if (idClienteFiltro_ != 0) {
+        f.sql += QStringLiteral(" AND Cav_IdCli = ? ");
+        f.parametros << idClienteFiltro_;
+    }
+    f.sql += QStringLiteral(" AND Cav_Situa = 1 AND Cav_IdFactura IS NULL ");
+    if (!Text1[4].trimmed().isEmpty()) {
+        f.sql += QStringLiteral(" AND Cav_Serie = ? ");
+        f.parametros << Text1[4].trimmed();
+    }
+    return f;
+}
+
+void frmFacturasVenta::cmdBuscar() {
+    ListView1.clear();
+    dbgLineas = Recordset();
+    dbgCli.clear();
+    filaCli = -1;
+    const Filtro f = clausulaComun();
+    const QString agente =
+        chkGroupAgentes ? QStringLiteral(", 0 AS Cav_Agente") : QStringLiteral(", Cav_Agente");
+    const QString sql =
+        QStringLiteral("SELECT Cav_Idcli, %1 AS Cli_Nom, Fco_Des, cav_dto1, cav_dto2, CLI_ImpMin, "
+                       "CLI_CTA, SUM(Lav_Importe) AS suma, cav_IdFco, CLI_DI1, CLI_DI2, "
+                       "cli_favobs, Cli_Dto1, Cli_Dto2 %2, Cli_Fatencion, CLI_RetNFiscal, "
+                       "CLI_ModoRetNF FROM Cav INNER JOIN Cli ON Cli_Id = Cav_IdCli INNER JOIN "
+                       "Lav ON Lav_IdCav = Cav_Id INNER JOIN Fco ON Fco_Id = Cav_IdFco %3 %4 "
+                       "GROUP BY Cav_Idcli, cli_nom, Fco_Des, cav_dto1, cav_dto2, Cli_DTo1, "
+                       "Cli_Dto2, cli_impmin, cli_cta, cav_IdFco, Cli_di1, cli_di2 %5, "
+                       "cli_favobs, CLI_TIPDOC, CLI_APE1, CLI_APE2, cli_comer, Cli_Fatencion, "
+                       "CLI_RetNFiscal, CLI_ModoRetNF "
+                       "ORDER BY Cli_Nom, Cav_Idcli, cav_IdFco, cav_dto1, cav_dto2 %5")
+            .arg(nombreCliente_, agente, f.sql,
+                 Check1 ? QString() : QStringLiteral(" AND Lav_Importe <> 0 "),
+                 chkGroupAgentes ? QString() : QStringLiteral(", Cav_Agente"));
+    Recordset rs = bd_.cn().Execute(sql, f.parametros);
+    if (rs.Eof()) {
+        Text1_14_Enabled = false;
+        Text1[14].clear();
+        Ui().Mensaje(mensajes::kSinAlbaranesPendientes, Icono::Informacion, Caption);
+        return;
+    }
+    for (; !rs.Eof(); rs.MoveNext()) {
+        GrupoFacturable g;
+        g.Cav_Idcli = static_cast<qint32>(rs.Fields(QStringLiteral("Cav_Idcli")).Entero());
+        g.Cli_Nom = rs.Fields(QStringLiteral("Cli_Nom")).Texto();
+        g.Fco_Des = rs.Fields(QStringLiteral("Fco_Des")).Texto();
+        g.cav_dto1 = rs.Fields(QStringLiteral("cav_dto1")).Doble();
+        g.cav_dto2 = rs.Fields(QStringLiteral("cav_dto2")).Doble();
+        g.CLI_ImpMin = rs.Fields(QStringLiteral("CLI_ImpMin")).Doble();
+        g.CLI_CTA = rs.Fields(QStringLiteral("CLI_CTA")).Value();
+        g.tOTAL = importeConDescuentos(rs.Fields(QStringLiteral("suma")).Doble(), g.cav_dto1,
+                                       g.cav_dto2);
+        g.cav_IdFco = static_cast<qint32>(rs.Fields(QStringLiteral("cav_IdFco")).Entero());
+        g.CLI_DI1 = static_cast<qint32>(rs.Fields(QStringLiteral("CLI_DI1")).Entero());
+        g.CLI_DI2 = static_cast<qint32>(rs.Fields(QStringLiteral("CLI_DI2")).Entero());
+        g.cli_favobs = rs.Fields(QStringLiteral("cli_favobs")).Value();
+        g.Cli_Dto1 = rs.Fields(QStringLiteral("Cli_Dto1")).Doble();
+        g.Cli_Dto2 = rs.Fields(QStringLiteral("Cli_Dto2")).Doble();
+        g.Cav_Agente = rs.Fields(QStringLiteral("Cav_Agente")).Value();
+        g.Cli_Fatencion = rs.Fields(QStringLiteral("Cli_Fatencion")).Value();
+        g.CLI_RetNFiscal = rs.Fields(QStringLiteral("CLI_RetNFiscal")).Doble();
+        g.CLI_ModoRetNF = static_cast<qint16>(rs.Fields(QStringLiteral("CLI_ModoRetNF")).Entero());
+        dbgCli.push_back(std::move(g));
+    }
+    // The attention line is typed for one invoice only.
+    Text1_14_Enabled = dbgCli.size() == 1;
+    if (!Text1_14_Enabled) {
+        Text1[14].clear();
+    }
+    SeleccionaGrupo(0);
+}
+
+void frmFacturasVenta::SeleccionaGrupo(int fila) {
+    filaCli = fila;
+    if (fila < 0 || fila >= static_cast<int>(dbgCli.size())) {
+        return;
+    }
+    const GrupoFacturable& g = dbgCli[fila];
+    msCargarAlbaranes();
+    if (!Check2) {
+        Text1[7] = textoONada(g.cli_favobs);
+    }
+    Text1[14] = Text1_14_Enabled ? textoONada(g.Cli_Fatencion) : QString();
+    Recordset obs = bd_.cn().Execute(QStringLiteral("SELECT CLI_OBSER FROM Cli WHERE Cli_Id = ?"),
+                                     {g.Cav_Idcli});
+    lblCliObs = obs.Eof() ? QString() : obs.Fields(0).Texto();
+}
+
+void frmFacturasVenta::msCargarAlbaranes() {
+    const GrupoFacturable& g = dbgCli[filaCli];
+    // Addresses, the fiscal one first.
+    cboDir.clear();
+    direcciones_.clear();
+    Recordset dir = bd_.cn().Execute(
+        QStringLiteral("SELECT Dir_Id, RTRIM(Dir_Poblacion) AS Pobla, (CASE WHEN dir_fiscal = '1' "
+                       "THEN '(Fiscal)' ELSE '' END) AS Fiscal FROM Dir LEFT JOIN Clidir ON "
+                       "Clidir_Dir = DIR_ID WHERE Clidir_cli = ? ORDER BY dir_Fiscal DESC, Dir_Id"),
+        {g.Cav_Idcli});
+    for (; !dir.Eof(); dir.MoveNext()) {
+        direcciones_.push_back(static_cast<qint32>(dir.Fields(0).Entero()));
+        cboDir << QStringLiteral("%1 - %2 %3")
+                      .arg(dir.Fields(0).Entero())
+                      .arg(dir.Fields(QStringLiteral("Pobla")).Texto(),
+                           dir.Fields(QStringLiteral("Fiscal")).Texto());
+    }
+    cboDirIndex = cboDir.isEmpty() ? -1 : 0;
+    cboFpagoIndex = -1;
+    for (int i = 0; i < cboFpago.size(); ++i) {
+        if (fnIdCombo(cboFpago[i], 2) == g.cav_IdFco) {
+            cboFpagoIndex = i;
+            break;
+        }
+    }
+    Text1[8] = Format(Check4 ? g.cav_dto1 : g.Cli_Dto1, QStringLiteral("##0.00"));
+    Text1[9] = Format(Check4 ? g.cav_dto2 : g.Cli_Dto2, QStringLiteral("##0.00"));
+    Label1_1 = mensajes::kAlbaranesPendientesDe + g.Cli_Nom;
+
+    // The notes of the group. The second discount is deliberately not a
+    // condition: two groups that differ only in it list the notes of both.
+    Filtro f = clausulaFechas();
+    QString sql = QStringLiteral("SELECT Cav_Id, Cav_Serie, Cav_Numero, Cav_Fecha, Cav_Dto1, "
+                                 "Cav_Dto2, SUM(Lav_Importe) AS suma, Cav_Agente FROM Cav INNER "
+                                 "JOIN Lav ON Lav_IdCav = Cav_Id ") +
+                  f.sql +
+                  QStringLiteral(" AND Cav_IdCli = ? AND Cav_IdFco = ? AND Cav_Dto1 = ? AND "
+                                 "Cav_Situa = 1 AND Cav_IdFactura IS NULL ");
+    f.parametros << g.Cav_Idcli << g.cav_IdFco << g.cav_dto1;
+    if (!Text1[4].trimmed().isEmpty()) {
+        sql += QStringLiteral(" AND Cav_Serie = ? ");
+        f.parametros << Text1[4].trimmed();
+    }
+    if (!chkGroupAgentes && !g.Cav_Agente.isNull()) {
+        sql += QStringLiteral(" AND Cav_Agente = ? ");
+        f.parametros << g.Cav_Agente;
+    }
+    if (!Check1) {
+        sql += QStringLiteral(" AND Lav_Importe <> 0 ");
+    }
+    sql += QStringLiteral(" GROUP BY Cav_Id, Cav_Serie, Cav_Numero, Cav_Fecha, Cav_Dto1, Cav_Dto2, "
+                          "Cav_Agente ORDER BY Cav_Fecha, Cav_Id");
+    Recordset rs = bd_.cn().Execute(sql, f.parametros);
+    ListView1.clear();
+    for (; !rs.Eof(); rs.MoveNext()) {
+        AlbaranFacturable a;
+        a.Cav_Id = static_cast<qint32>(rs.Fields(QStringLiteral("Cav_Id")).Entero());
+        a.NuAlbaran = rs.Fields(QStringLiteral("Cav_Serie")).Texto() + QLatin1Char('/') +
+                      QString::number(rs.Fields(QStringLiteral("Cav_Numero")).Entero());
+        a.Cav_Fecha = rs.Fields(QStringLiteral("Cav_Fecha")).Fecha();
+        a.TAlbaran = importeConDescuentos(rs.Fields(QStringLiteral("suma")).Doble(),
+                                          rs.Fields(QStringLiteral("Cav_Dto1")).Doble(),
+                                          rs.Fields(QStringLiteral("Cav_Dto2")).Doble());
+        a.Cav_Agente = chkGroupAgentes ? QVariant() : rs.Fields(QStringLiteral("Cav_Agente")).Value();
+        ListView1.push_back(std::move(a));
+    }
+    if (!ListView1.empty()) {
+        msLineasAlbaran(ListView1.front().Cav_Id);
+    } else {
+        dbgLineas = Recordset();
+    }
+}
+
+void frmFacturasVenta::msLineasAlbaran(qint32 nIdCav) {
+    dbgLineas = bd_.cn().Execute(
+        QStringLiteral("SELECT Lav_Des, Lav_Uni, Lav_Precio, Lav_Dto1, Lav_Dto2, Lav_Importe, "
+                       "(SELECT orden_num FROM Orden WHERE orden_id = ora_idorden LIMIT 1) AS "
+                       "Orden, Lav_Id FROM Lav LEFT JOIN OrdAlb ON Lav_Id = ora_idLav WHERE "
+                       "Lav_Idcav = ? ORDER BY Lav_Orden"),
+        {nIdCav});
+    for (const AlbaranFacturable& a : ListView1) {
+        if (a.Cav_Id == nIdCav) {
+            lblLineas = mensajes::kLineasDelAlbaran + a.NuAlbaran;
+        }
+    }
+}
+
+void frmFacturasVenta::cmdMarcar() {
+    for (AlbaranFacturable& a : ListView1) {
+        a.marcado = true;
+    }
+}
+
+void frmFacturasVenta::Check4_Click() { Frame4_Enabled = !Check4; }
+
+void frmFacturasVenta::cmdImpresoras() {
+    if (const std::optional<QString> impresora = Ui().EligeImpresora(Text1[10])) {
+        Text1[10] = *impresora;
+    }
+}
+
+bool frmFacturasVenta::compruebaFacturacion() {
+    if (!fechaDe(Text1[6])) {
+        Ui().Mensaje(mensajes::kFaltaFechaFactura, Icono::Aviso, Caption);
+        return false;
+    }
+    if (!factura_.VerificarFechaFactura(Text1[5], Text1[6])) {
+        return false;
+    }
+    // A domiciled payment needs the customer's bank account.
+    if (cboFpagoIndex >= 0 && filaCli >= 0 && filaCli < static_cast<int>(dbgCli.size())) {
+        const QString cuenta = textoONada(dbgCli[filaCli].CLI_CTA);
+        Recordset fcol = bd_.cn().Execute(
+            QStringLiteral("SELECT Fcol_Mod FROM Fcol WHERE Fcol_id = ?"),
+            {fnIdCombo(cboFpago[cboFpagoIndex])});
+        for (; !fcol.Eof(); fcol.MoveNext()) {
+            if (fcol.Fields(0).Entero() == 2 && cuenta.size() < 20) {
+                Ui().Mensaje(mensajes::kCuentaCobroIncorrecta, Icono::Aviso, Caption);
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+void frmFacturasVenta::cmdFacturar() {
+    facturasGeneradas.clear();
+    ultimaOrdenRechazada = true;
+    try {
+        if (!compruebaFacturacion()) {
+            return;
+        }
+        factura_.NumCopias = static_cast<qint16>(Val(Text1[11]));
+        if (Check4) {
+            if (!Ui().Pregunta(mensajes::kConfirmaTodos, Caption, false)) {
+                return;
+            }
+            ultimaOrdenRechazada = false;
+            msFacturarTodos();
+        } else {
+            if (!Ui().Pregunta(mensajes::kConfirmaSeleccion + Text1[1], Caption, false)) {
+                return;
+            }
+            ultimaOrdenRechazada = false;
+            facturacionSelectiva();
+        }
+    } catch (const ErrorBd& e) {
+        Ui().Mensaje(e.Mensaje(), Icono::Error, Caption);
+    }
+    if (ultimaOrdenRechazada) {
+        return;
+    }
+    // After a run the list shows what is still pending.
+    try {
+        cmdBuscar();
+    } catch (const ErrorBd& e) {
+        Ui().Mensaje(e.Mensaje(), Icono::Error, Caption);
+    }
+}
+
+void frmFacturasVenta::rellenaFactura(const GrupoFacturable& g, qint32 idPrimerAlbaran,
+                                      bool todos) {
+    VKFACVENTAS& f = factura_;
+    f.SerieFactura = Text1[5];
+    f.NumeroFactura = 0;
+    f.FechaFactura = fnLeeFecha(Text1[6]);
+    f.IdCliente = g.Cav_Idcli;
+    if (!todos) {
+        if (Text1_14_Enabled) {
+            f.Aatencion = Text1[14];
+        } else {
+            Recordset rs = bd_.cn().Execute(
+                QStringLiteral("SELECT cli_fatencion FROM Cli WHERE cli_id = ?"), {g.Cav_Idcli});
+            f.Aatencion = rs.Eof() ? QString() : rs.Fields(0).Texto();
+        }
+    }
+    f.IdFco = cboFpagoIndex >= 0 ? fnIdCombo(cboFpago[cboFpagoIndex]) : 0;
+    f.Observaciones = Text1[7];
+    if (Check5) {
+        f.PorcentajeDto1 = Val(QString(Text1[8]).replace(QLatin1Char(','), QLatin1Char('.')));
+        f.PorcentajeDto2 = Val(QString(Text1[9]).replace(QLatin1Char(','), QLatin1Char('.')));
+    } else {
+        f.PorcentajeDto1 = g.cav_dto1;
+        f.PorcentajeDto2 = g.cav_dto2;
+    }
+    if (!todos) {
+        // The all-customers run leaves these as the facade has them.
+        f.porcentajeretencionnf = g.CLI_RetNFiscal;
+        f.nModoRetNF = g.CLI_ModoRetNF;
+    }
+    f.idDir = -1; // the address is stored by value
+    if (direcciones_.empty()) {
+        Recordset cav = bd_.cn().Execute(
+            QStringLiteral("SELECT Cav_Sg, Cav_Nombre, Cav_Num, Cav_Escalera, Cav_Piso, "
+                           "Cav_Puerta, Cav_Pais, Cav_Cp, Cav_Poblacion, Cav_Provincia FROM Cav "
+                           "WHERE Cav_Id = ?"),
+            {idPrimerAlbaran});
+        f.Sg = cav.Fields(QStringLiteral("Cav_Sg")).Texto();
+        f.Nombre = cav.Fields(QStringLiteral("Cav_Nombre")).Texto();
+        f.Num = cav.Fields(QStringLiteral("Cav_Num")).Texto();
+        f.Escalera = cav.Fields(QStringLiteral("Cav_Escalera")).Texto();
+        f.Piso = cav.Fields(QStringLiteral("Cav_Piso")).Texto();
+        f.Puerta = cav.Fields(QStringLiteral("Cav_Puerta")).Texto();
+        f.Cp = cav.Fields(QStringLiteral("Cav_Cp")).Texto();
+        f.Pais = cav.Fields(QStringLiteral("Cav_Pais")).Texto();
+        f.Poblacion = cav.Fields(QStringLiteral("Cav_Poblacion")).Texto();
+        f.Provincia = static_cast<qint16>(cav.Fields(QStringLiteral("Cav_Provincia")).Entero());
+    } else {
+        const qint32 idDir = cboDirIndex >= 0 ? direcciones_[cboDirIndex] : direcciones_.front();
+        Recordset dir =
+            bd_.cn().Execute(QStringLiteral("SELECT * FROM Dir WHERE Dir_Id = ?"), {idDir});
+        f.Sg = dir.Fields(QStringLiteral("Dir_sg")).Texto();
+        f.Nombre = dir.Fields(QStringLiteral("Dir_Nombre")).Texto();
+        f.Num = dir.Fields(QStringLiteral("DIR_NUMERO")).Texto();
+        f.Escalera = dir.Fields(QStringLiteral("Dir_Escalera")).Texto();
+        f.Piso = dir.Fields(QStringLiteral("Dir_Piso")).Texto();
+        f.Puerta = dir.Fields(QStringLiteral("Dir_Puerta")).Texto();
+        f.Cp = dir.Fields(QStringLiteral("Dir_Cp")).Texto();
+        f.Pais = dir.Fields(QStringLiteral("Dir_Pais")).Texto();
+        f.Poblacion = dir.Fields(QStringLiteral("Dir_Poblacion")).Texto();
+        f.Provincia = static_cast<qint16>(dir.Fields(QStringLiteral("Dir_Provincia")).Entero());
+    }
+}
+
+qint32 frmFacturasVenta::facturaAlbaranes(const GrupoFacturable& g,
+                                          const std::vector<qint32>& albaranes, bool todos) {
+    // One transaction per invoice: its header and the links of its notes.
+    // A failed link undoes the invoice and leaves its notes pending.
+    Transaccion t(bd_.cn());
+    qint32 id = 0;
+    bool fallo = false;
+    for (const qint32 idCav : albaranes) {
+        if (id == 0) {
+            rellenaFactura(g, idCav, todos);
+            id = factura_.NuevaFactura();
+            factura_.IdFactu = id;
+            if (id == 0) {
+                break;
+            }
+        }
+        bd_.Tabla(QStringLiteral("Cav"));
+        bd_.Limpia(0);
+        bd_.xlsCampos().Add(QStringLiteral("Cav_Situa"), TipoCampo::Numero, 2);
+        bd_.xlsCampos().Add(QStringLiteral("Cav_IdFactura"), TipoCampo::Numero, id);
+        bd_.Where(QStringLiteral(" WHERE Cav_Id = ?"), {idCav});
+        QString mensaje;
+        if (!bd_.Update(mensaje)) {
+            fallo = true;
+        }
+    }
+    if (fallo || id == 0) {
+        t.Deshaz();
+        return 0;
+    }
+    t.Confirma();
+    facturasGeneradas.push_back(id);
+    return id;
+}
+
+void frmFacturasVenta::terminaFactura() {
+    factura_.CalculoTotalesFactura();
+    factura_.GrabaFactura(true, false);
+}
+
+void frmFacturasVenta::facturacionSelectiva() {
+    if (filaCli < 0 || filaCli >= static_cast<int>(dbgCli.size())) {
+        Ui().Mensaje(mensajes::kDebeSeleccionar, Icono::Aviso, Caption);
+        return;
+    }
+    const GrupoFacturable g = dbgCli[filaCli];
+    std::vector<qint32> marcados;
+    for (const AlbaranFacturable& a : ListView1) {
+        if (a.marcado) {
+            marcados.push_back(a.Cav_Id);
+        }
+    }
+    if (marcados.empty()) {
+        Ui().Mensaje(mensajes::kDebeSeleccionar, Icono::Aviso, Caption);
+        return;
+    }
+    if (facturaAlbaranes(g, marcados, false) == 0) {
+        return;
+    }
+    terminaFactura();
+    emite(false, {factura_.IdFactu});
+    Ui().Mensaje(mensajes::kProcesoConcluido + factura_.SerieFactura + QLatin1Char('/') +
+                     QString::number(factura_.NumeroFactura),
+                 Icono::Informacion, Caption);
+}
+
+void frmFacturasVenta::msFacturarTodos() {
+    QVector<qint32> ids;
+    const int total = static_cast<int>(dbgCli.size());
+    for (int i = 0; i < total; ++i) {
+        SeleccionaGrupo(i);
+        const GrupoFacturable& g = dbgCli[i];
+        std::vector<qint32> albaranes;
+        for (const AlbaranFacturable& a : ListView1) {
+            albaranes.push_back(a.Cav_Id);
+        }
+        // Each group stands alone: one that fails leaves the others going.
+        try {
+            if (facturaAlbaranes(g, albaranes, true) != 0) {
+                terminaFactura();
+                if (Val(Text1[11]) != 0) {
+                    ids.push_back(factura_.IdFactu);
+                }
+            }
+        } catch (const ErrorBd& e) {
+            Ui().Mensaje(mensajes::kErrorGrupo.arg(g.Cli_Nom.trimmed(), e.Mensaje()), Icono::Error,
+                         Caption);
+        }
+        Ui().Progreso(i + 1, total, mensajes::kFacturandoGrupo.arg(g.Cli_Nom.trimmed()));
+        Ui().Cede();
+    }
+    emite(true, ids);
+}
+
+void frmFacturasVenta::emite(bool todos, const QVector<qint32>& ids) {
+    if (factura_.NumCopias <= 0 || ids.isEmpty()) {
+        return;
+    }
+    switch (bd_.Parametros().Item(QStringLiteral("Par_AlbPrn")).Entero()) {
+    case 0:
+        factura_.ImprimeAlbaran = false;
+        break;
+    case 1:
+        factura_.ImprimeAlbaran = Ui().Pregunta(mensajes::kImprimirAlbaranes, Caption, true);
+        break;
+    case 2:
+        factura_.ImprimeAlbaran = true;
+        break;
+    default:
+        break;
+    }
+    factura_.Tipo_Emision = static_cast<quint8>(optSalida);
+    if (todos) {
+        factura_.EmisionMultiplesFacturas(1, true, ids);
+    } else {
+        factura_.EmisionFacturas(1, true);
+    }
+}
+
+} // namespace vk

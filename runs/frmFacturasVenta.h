@@ -1,0 +1,125 @@
+// The batch invoicing screen: pending delivery notes grouped by customer,
+// payment terms, the notes' discounts and agent, turned into one invoice per
+// group. Toolkit-free: the controls are typed members with their names, the
+// commands are methods, and people are reached through the interaction port.
+#pragma once
+
+#include <Recordset.h>
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <QVector>
+
+#include <array>
+#include <vector>
+
+namespace vk {
+
+class VKFACVENTAS;
+class BdSesion;
+
+// One billable group: a row of dbgCli.
+struct GrupoFacturable {
+    qint32 Cav_Idcli = 0;
+    QString Cli_Nom;
+    QString Fco_Des;
+    double cav_dto1 = 0;
+    double cav_dto2 = 0;
+    double CLI_ImpMin = 0;
+    QVariant CLI_CTA;
+    double tOTAL = 0; // after both discounts of the notes
+    qint32 cav_IdFco = 0;
+    qint32 CLI_DI1 = 0;
+    qint32 CLI_DI2 = 0;
+    QVariant cli_favobs;
+    double Cli_Dto1 = 0;
+    double Cli_Dto2 = 0;
+    QVariant Cav_Agente; // 0 when agents do not split groups; NULL when the notes have none
+    QVariant Cli_Fatencion;
+    double CLI_RetNFiscal = 0;
+    qint16 CLI_ModoRetNF = 0;
+};
+
+// One delivery note of the current group: a row of ListView1.
+struct AlbaranFacturable {
+    qint32 Cav_Id = 0;
+    QString NuAlbaran; // series/number
+    QDate Cav_Fecha;
+    double TAlbaran = 0;
+    QVariant Cav_Agente;
+    bool marcado = true;
+};
+
+class frmFacturasVenta {
+public:
+    explicit frmFacturasVenta(VKFACVENTAS& factura); // Form_Load
+
+    QString Caption;
+    // 0 customer code, 1 its name, 2-3 dates of the notes, 4 series of the
+    // notes, 5 series of the invoices, 6 invoice date, 7 remarks, 8-9
+    // discounts, 10 printer, 11 copies, 14 attention line.
+    std::array<QString, 15> Text1;
+    bool Text1_14_Enabled = true;
+    QStringList cboFpago;
+    int cboFpagoIndex = -1;
+    QStringList cboDir;
+    int cboDirIndex = -1;
+    bool Check1 = false; // include notes at zero
+    bool Check2 = false; // remarks stay from one invoice to the next
+    bool Check3 = false; // receipts to the portfolio (shown only)
+    bool Check4 = false; // all customers
+    bool Check5 = false; // apply the discounts typed
+    bool chkGroupAgentes = false; // agents do not split groups
+    bool Frame4_Enabled = true;
+    int optSalida = 0; // 0 screen, 1 printer, 2 PDF file
+    QString Label1_1;
+    QString lblCliObs;
+
+    std::vector<GrupoFacturable> dbgCli; // rsCli
+    int filaCli = -1;                    // its current row
+    std::vector<AlbaranFacturable> ListView1;
+    Recordset dbgLineas;
+    QString lblLineas;
+
+    // --- commands ---
+    void msBuscarCliente(qint32 nCodigo); // F1 is -1
+    void Text1_0_LostFocus();
+    void cmdBuscar();
+    void SeleccionaGrupo(int fila); // the row-change handler of rsCli
+    void msLineasAlbaran(qint32 nIdCav);
+    void cmdMarcar();
+    void Check4_Click();
+    void cmdImpresoras();
+    void cmdFacturar();
+
+    // What the last run made, for hosts that report it.
+    std::vector<qint32> facturasGeneradas;
+    bool ultimaOrdenRechazada = false;
+
+private:
+    struct Filtro {
+        QString sql;
+        QVariantList parametros;
+    };
+    Filtro clausulaFechas() const;
+    Filtro clausulaComun() const; // dates, customer, state, series
+    void msCargarAlbaranes();
+    bool compruebaFacturacion();
+    void rellenaFactura(const GrupoFacturable& g, qint32 idPrimerAlbaran, bool todos);
+    qint32 facturaAlbaranes(const GrupoFacturable& g, const std::vector<qint32>& albaranes,
+                            bool todos);
+    void terminaFactura();
+    void facturacionSelectiva();
+    void msFacturarTodos();
+    void emite(bool todos, const QVector<qint32>& ids);
+
+    VKFACVENTAS& factura_;
+    BdSesion& bd_;
+    QString nombreCliente_; // SQL of the customer's display name
+    qint32 idClienteFiltro_ = 0;
+    std::vector<qint32> direcciones_; // Dir_Id of cboDir's items
+};
+
+} // namespace vk
