@@ -87,7 +87,8 @@ ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream
     pantalla.Check4 = true;
     pantalla.Check4_Click();
     pantalla.optSalida = salida < 0 ? 0 : salida;
-    pantalla.Text1[11] = salida < 0 ? QStringLiteral("0") : (o.copias.isEmpty() ? pantalla.Text1[11] : o.copias);
+    pantalla.Text1[11] =
+        salida < 0 ? QStringLiteral("0") : (o.copias.isEmpty() ? pantalla.Text1[11] : o.copias);
     // A series without invoices starts at the dialog's default.
     ui.dialogos.push_back(
         [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });

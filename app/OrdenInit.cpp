@@ -81,8 +81,8 @@ int OrdenDemo(const QStringList& args, QTextStream& out) {
     Conexion& cn = c.sesion->cn();
     Recordset fav = cn.Execute(
         QStringLiteral("SELECT COUNT(*) AS n, COALESCE(SUM(Fav_Total), 0) AS total FROM Fav"));
-    Recordset rec = cn.Execute(QStringLiteral(
-        "SELECT COUNT(*) AS n, COALESCE(SUM(Rec_Importe), 0) AS total FROM Rec WHERE Rec_Tipo = 1"));
+    Recordset rec = cn.Execute(QStringLiteral("SELECT COUNT(*) AS n, COALESCE(SUM(Rec_Importe), 0) "
+                                              "AS total FROM Rec WHERE Rec_Tipo = 1"));
     out << Qt::endl << QStringLiteral("Resumen de la empresa de demostración") << Qt::endl;
     out << QStringLiteral("  Facturas              %1   %2")
                .arg(fav.Fields(0).Entero(), 6)

@@ -7,7 +7,8 @@ namespace vk {
 
 QString fnSerieFacturaPorDefecto(BdSesion& bd) {
     QString serie;
-    Recordset par = bd.cn().Execute(QStringLiteral("SELECT par_SerFac, Par_SerAlb FROM Parametros"));
+    Recordset par =
+        bd.cn().Execute(QStringLiteral("SELECT par_SerFac, Par_SerAlb FROM Parametros"));
     if (!par.Eof()) {
         serie = par.Fields(QStringLiteral("par_SerFac")).Texto();
     }
@@ -22,7 +23,8 @@ QString fnSerieFacturaPorDefecto(BdSesion& bd) {
 
 QStringList msCargarFormasCobro(BdSesion& bd) {
     QStringList elementos;
-    Recordset rs = bd.cn().Execute(QStringLiteral("SELECT Fco_Id, Fco_Des FROM Fco ORDER BY Fco_Id"));
+    Recordset rs =
+        bd.cn().Execute(QStringLiteral("SELECT Fco_Id, Fco_Des FROM Fco ORDER BY Fco_Id"));
     for (; !rs.Eof(); rs.MoveNext()) {
         elementos << Format(rs.Fields(0).Entero(), QStringLiteral("00")) + QStringLiteral(" - ") +
                          rs.Fields(1).Texto();

@@ -6,11 +6,11 @@
 namespace vk::mensajes {
 
 inline const QString kTituloMultifactura = QStringLiteral("Facturación a Clientes (Multifactura)");
-inline const QString kSinAlbaranesPendientes = QStringLiteral(
-    "No existen albaranes pendientes de facturar entre los datos seleccionados");
+inline const QString kSinAlbaranesPendientes =
+    QStringLiteral("No existen albaranes pendientes de facturar entre los datos seleccionados");
 inline const QString kFaltaFechaFactura = QStringLiteral("Falta Fecha Factura");
-inline const QString kCuentaCobroIncorrecta = QStringLiteral(
-    "La cuenta de cobro del cliente no es correcta. No puede facturar este cliente");
+inline const QString kCuentaCobroIncorrecta =
+    QStringLiteral("La cuenta de cobro del cliente no es correcta. No puede facturar este cliente");
 inline const QString kConfirmaTodos = QStringLiteral(
     "Ha seleccionado facturar todos los clientes informados en la lista de clientes con "
     "albaranes facturables\r\nConfirma que desea realizar esta acción");

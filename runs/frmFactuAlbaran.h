@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <QStringList>
-
 #include <array>
 
 namespace vk {
@@ -24,7 +23,7 @@ public:
     int cboDirIndex = -1;
     bool Visible = true;
 
-    void cmdFacturar() {}              // no action in this dialog
+    void cmdFacturar() {}                 // no action in this dialog
     void XPButton1() { Visible = false; } // closes, as Escape does
 };
 

@@ -36,23 +36,25 @@ double importeConDescuentos(double suma, double dto1, double dto2) {
     return fnRedondeoMoney(bruto - d1 - d2);
 }
 
-QString textoONada(const QVariant& v) { return v.isNull() ? QString() : v.toString(); }
+QString textoONada(const QVariant& v) {
+    return v.isNull() ? QString() : v.toString();
+}
 
 } // namespace
 
-frmFacturasVenta::frmFacturasVenta(VKFACVENTAS& factura)
-    : factura_(factura), bd_(factura.MyBd()) {
+frmFacturasVenta::frmFacturasVenta(VKFACVENTAS& factura) : factura_(factura), bd_(factura.MyBd()) {
     Caption = mensajes::kTituloMultifactura;
     const QString hoy = Format(QDate::currentDate(), kFormatoFecha);
     Text1[3] = hoy;
     Text1[5] = fnSerieFacturaPorDefecto(bd_);
     Text1[6] = hoy;
-    Text1[10] = LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("Printer"));
+    Text1[10] =
+        LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("Printer"));
     Text1[11] = QString::number(bd_.Parametros().Item(QStringLiteral("Par_NCopFac")).Entero());
     Check3 = bd_.Parametros().Item(QStringLiteral("Par_RecCar")).Entero() == 1;
     cboFpago = msCargarFormasCobro(bd_);
-    nombreCliente_ =
-        fnNombreCliente(static_cast<int>(bd_.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
+    nombreCliente_ = fnNombreCliente(
+        static_cast<int>(bd_.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
 }
 
 void frmFacturasVenta::msBuscarCliente(qint32 nCodigo) {
@@ -165,8 +167,8 @@ void frmFacturasVenta::cmdBuscar() {
         g.cav_dto2 = rs.Fields(QStringLiteral("cav_dto2")).Doble();
         g.CLI_ImpMin = rs.Fields(QStringLiteral("CLI_ImpMin")).Doble();
         g.CLI_CTA = rs.Fields(QStringLiteral("CLI_CTA")).Value();
-        g.tOTAL = importeConDescuentos(rs.Fields(QStringLiteral("suma")).Doble(), g.cav_dto1,
-                                       g.cav_dto2);
+        g.tOTAL =
+            importeConDescuentos(rs.Fields(QStringLiteral("suma")).Doble(), g.cav_dto1, g.cav_dto2);
         g.cav_IdFco = static_cast<qint32>(rs.Fields(QStringLiteral("cav_IdFco")).Entero());
         g.CLI_DI1 = static_cast<qint32>(rs.Fields(QStringLiteral("CLI_DI1")).Entero());
         g.CLI_DI2 = static_cast<qint32>(rs.Fields(QStringLiteral("CLI_DI2")).Entero());
@@ -266,7 +268,8 @@ void frmFacturasVenta::msCargarAlbaranes() {
         a.TAlbaran = importeConDescuentos(rs.Fields(QStringLiteral("suma")).Doble(),
                                           rs.Fields(QStringLiteral("Cav_Dto1")).Doble(),
                                           rs.Fields(QStringLiteral("Cav_Dto2")).Doble());
-        a.Cav_Agente = chkGroupAgentes ? QVariant() : rs.Fields(QStringLiteral("Cav_Agente")).Value();
+        a.Cav_Agente =
+            chkGroupAgentes ? QVariant() : rs.Fields(QStringLiteral("Cav_Agente")).Value();
         ListView1.push_back(std::move(a));
     }
     if (!ListView1.empty()) {
@@ -296,7 +299,9 @@ void frmFacturasVenta::cmdMarcar() {
     }
 }
 
-void frmFacturasVenta::Check4_Click() { Frame4_Enabled = !Check4; }
+void frmFacturasVenta::Check4_Click() {
+    Frame4_Enabled = !Check4;
+}
 
 void frmFacturasVenta::cmdImpresoras() {
     if (const std::optional<QString> impresora = Ui().EligeImpresora(Text1[10])) {
@@ -315,9 +320,9 @@ bool frmFacturasVenta::compruebaFacturacion() {
     // A domiciled payment needs the customer's bank account.
     if (cboFpagoIndex >= 0 && filaCli >= 0 && filaCli < static_cast<int>(dbgCli.size())) {
         const QString cuenta = textoONada(dbgCli[filaCli].CLI_CTA);
-        Recordset fcol = bd_.cn().Execute(
-            QStringLiteral("SELECT Fcol_Mod FROM Fcol WHERE Fcol_id = ?"),
-            {fnIdCombo(cboFpago[cboFpagoIndex])});
+        Recordset fcol =
+            bd_.cn().Execute(QStringLiteral("SELECT Fcol_Mod FROM Fcol WHERE Fcol_id = ?"),
+                             {fnIdCombo(cboFpago[cboFpagoIndex])});
         for (; !fcol.Eof(); fcol.MoveNext()) {
             if (fcol.Fields(0).Entero() == 2 && cuenta.size() < 20) {
                 Ui().Mensaje(mensajes::kCuentaCobroIncorrecta, Icono::Aviso, Caption);

@@ -4,14 +4,12 @@
 // commands are methods, and people are reached through the interaction port.
 #pragma once
 
-#include <Recordset.h>
-
 #include <QDate>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
-
+#include <Recordset.h>
 #include <array>
 #include <vector>
 
@@ -66,11 +64,11 @@ public:
     int cboFpagoIndex = -1;
     QStringList cboDir;
     int cboDirIndex = -1;
-    bool Check1 = false; // include notes at zero
-    bool Check2 = false; // remarks stay from one invoice to the next
-    bool Check3 = false; // receipts to the portfolio (shown only)
-    bool Check4 = false; // all customers
-    bool Check5 = false; // apply the discounts typed
+    bool Check1 = false;          // include notes at zero
+    bool Check2 = false;          // remarks stay from one invoice to the next
+    bool Check3 = false;          // receipts to the portfolio (shown only)
+    bool Check4 = false;          // all customers
+    bool Check5 = false;          // apply the discounts typed
     bool chkGroupAgentes = false; // agents do not split groups
     bool Frame4_Enabled = true;
     int optSalida = 0; // 0 screen, 1 printer, 2 PDF file

@@ -43,29 +43,37 @@ protected:
         return {mismos, otro};
     }
     qint64 facturas() {
-        return BdSesion::Abre(db)->cn().Execute(QStringLiteral("SELECT COUNT(*) FROM Fav")).Fields(0).Entero();
+        return BdSesion::Abre(db)
+            ->cn()
+            .Execute(QStringLiteral("SELECT COUNT(*) FROM Fav"))
+            .Fields(0)
+            .Entero();
     }
     std::unique_ptr<BasePrueba> base;
     QString db;
 };
 
 TEST_P(Ordenes, InitTwiceThenInvoiceNotesOfOneCustomer) {
-    Salida s = ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")});
+    Salida s =
+        ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")});
     ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
-    EXPECT_TRUE(s.texto.contains(QStringLiteral("Empresa VKEMP0001 creada"))) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Empresa VKEMP0001 creada")))
+        << s.texto.toStdString();
     s = ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")});
     ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
     EXPECT_TRUE(s.texto.contains(QStringLiteral("ya existían")));
 
     const auto [mismos, otro] = albaranes();
     ASSERT_GE(mismos.size(), 2);
-    const QStringList comun{QStringLiteral("factura"), QStringLiteral("--db"), db,
-                            QStringLiteral("--serie"), QStringLiteral("F"),
-                            QStringLiteral("--fecha"), QStringLiteral("20/11/2026")};
+    const QStringList comun{
+        QStringLiteral("factura"),   QStringLiteral("--db"), db,
+        QStringLiteral("--serie"),   QStringLiteral("F"),    QStringLiteral("--fecha"),
+        QStringLiteral("20/11/2026")};
     // Refusals: nothing written, a clear message, exit status not 0.
     const std::pair<QString, QString> rechazos[] = {
         {QStringLiteral("99999"), QStringLiteral("No existe el albarán 99999.")},
-        {mismos[0] + QLatin1Char(',') + otro, QStringLiteral("Los albaranes son de varios clientes")},
+        {mismos[0] + QLatin1Char(',') + otro,
+         QStringLiteral("Los albaranes son de varios clientes")},
     };
     for (const auto& [lista, mensaje] : rechazos) {
         s = ejecuta(comun + QStringList{QStringLiteral("--albaranes"), lista});
@@ -75,10 +83,12 @@ TEST_P(Ordenes, InitTwiceThenInvoiceNotesOfOneCustomer) {
     EXPECT_EQ(facturas(), 0);
 
     // A new series starts at the number given.
-    s = ejecuta(comun + QStringList{QStringLiteral("--albaranes"), mismos.mid(0, 2).join(QLatin1Char(',')),
+    s = ejecuta(comun + QStringList{QStringLiteral("--albaranes"),
+                                    mismos.mid(0, 2).join(QLatin1Char(',')),
                                     QStringLiteral("--numero"), QStringLiteral("70")});
     ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
-    EXPECT_TRUE(s.texto.contains(QStringLiteral("Factura F/70 de 20/11/2026"))) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Factura F/70 de 20/11/2026")))
+        << s.texto.toStdString();
     EXPECT_TRUE(s.texto.contains(QStringLiteral("Total factura"))) << s.texto.toStdString();
     // The same notes again are already invoiced; an earlier date is refused.
     s = ejecuta(comun + QStringList{QStringLiteral("--albaranes"), mismos[0]});
@@ -100,6 +110,49 @@ TEST_P(Ordenes, InitTwiceThenInvoiceNotesOfOneCustomer) {
     s = ejecuta({QStringLiteral("factura"), QStringLiteral("--db"), db});
     EXPECT_EQ(s.codigo, 2);
     EXPECT_TRUE(s.texto.contains(QStringLiteral("Indique la serie")));
+}
+
+TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
+    ASSERT_EQ(
+        ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")})
+            .codigo,
+        0);
+    // Refused by the screen's checks: exit status not 0, nothing written.
+    Salida s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db});
+    EXPECT_NE(s.codigo, 0);
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Falta Fecha Factura"))) << s.texto.toStdString();
+    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
+                 QStringLiteral("20/11/2026"), QStringLiteral("--salida"), QStringLiteral("pdf")});
+    EXPECT_NE(s.codigo, 0);
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("La emisión de facturas no está disponible")));
+    EXPECT_EQ(facturas(), 0);
+
+    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
+                 QStringLiteral("20/11/2026")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("A/1 "))) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("1 de "))) << s.texto.toStdString();
+    const qint64 hechas = facturas();
+    EXPECT_GE(hechas, 20);
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Facturas emitidas: %1,").arg(hechas)));
+    auto sesion = BdSesion::Abre(db);
+    EXPECT_EQ(sesion->cn()
+                  .Execute(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Situa = 1"))
+                  .Fields(0)
+                  .Entero(),
+              0);
+    // Receipts add up to what was invoiced.
+    EXPECT_NEAR(
+        sesion->cn().Execute(QStringLiteral("SELECT SUM(Fav_Liquido) FROM Fav")).Fields(0).Doble(),
+        sesion->cn().Execute(QStringLiteral("SELECT SUM(Rec_Importe) FROM Rec")).Fields(0).Doble(),
+        0.001);
+
+    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
+                 QStringLiteral("20/11/2026")});
+    EXPECT_EQ(s.codigo, 0);
+    EXPECT_TRUE(s.texto.contains(QStringLiteral(
+        "No existen albaranes pendientes de facturar entre los datos seleccionados")));
+    EXPECT_EQ(facturas(), hechas);
 }
 
 VK_EN_AMBOS_MOTORES(Ordenes);

@@ -1,0 +1,295 @@
+// The batch invoicing screen driven as a person would: filters, search,
+// ticks, invoice; on both backends.
+#include "EmpresaPrueba.h"
+
+#include <MensajesRuns.h>
+#include <RegistroSuite.h>
+#include <frmFacturasVenta.h>
+#include <frmIniFav.h>
+
+namespace vk::prueba {
+namespace {
+
+const QDate kDia1(2026, 3, 1);
+const QDate kDia10(2026, 3, 10);
+const QDate kDia20(2026, 3, 20);
+
+// Stands in for the issue dispatcher, registered by name.
+class EmisorAnotado : public EmisorFacturas {
+public:
+    static inline std::vector<QVector<qint32>> llamadas;
+    void EmisionMultiplesFacturas(VKFACVENTAS&, qint16, bool, const QVector<qint32>& ids, bool,
+                                  qint16) override {
+        llamadas.push_back(ids);
+    }
+};
+
+class Multifactura : public PruebaMotores {
+protected:
+    void SetUp() override {
+        suite::RegistraComponentesSuite();
+        RegistraComponente(QString::fromLatin1(EmisorFacturas::kProgId),
+                           [] { return std::make_unique<EmisorAnotado>(); });
+        EmisorAnotado::llamadas.clear();
+        e = std::make_unique<EmpresaPrueba>(GetParam());
+        contado = e->formaPago(QStringLiteral("Contado"), {{0, 100, 1}});
+        domiciliado = e->formaPago(QStringLiteral("Domiciliado 30"), {{30, 100, 2}});
+    }
+    void TearDown() override { OlvidaComponente(QString::fromLatin1(EmisorFacturas::kProgId)); }
+
+    // A note with its payment terms, discounts and agent set.
+    qint32 albaran(qint32 cliente, QDate fecha, double importe, qint32 fco, double dto1 = 0,
+                   double dto2 = 0, qint32 agente = 0) {
+        const qint32 id = e->albaran(cliente, fecha, 1, {{importe, 1, 1}}, agente);
+        e->cn().Execute(
+            QStringLiteral(
+                "UPDATE Cav SET Cav_IdFco = ?, Cav_Dto1 = ?, Cav_Dto2 = ? WHERE Cav_Id = ?"),
+            {fco, dto1, dto2, id});
+        return id;
+    }
+    std::unique_ptr<frmFacturasVenta> pantalla() {
+        auto p = std::make_unique<frmFacturasVenta>(e->factura());
+        p->Text1[3].clear();
+        p->Text1[6] = QStringLiteral("31/03/2026");
+        // The series is new: its first number is the dialog's default.
+        e->ui().dialogos.push_back(
+            [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
+        return p;
+    }
+    void facturaTodos(frmFacturasVenta& p) {
+        p.Check4 = true;
+        p.Check4_Click();
+        e->ui().respuestas.push_back(true);
+        p.cmdFacturar();
+    }
+    qint64 pendientes() {
+        return e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Situa = 1 AND "
+                                        "Cav_IdFactura IS NULL"));
+    }
+    std::unique_ptr<EmpresaPrueba> e;
+    qint32 contado = 0;
+    qint32 domiciliado = 0;
+};
+
+TEST_P(Multifactura, GroupsSplitByTermsDiscountsAndAgents) {
+    const qint32 c = e->cliente();
+    albaran(c, kDia1, 100, contado, 0, 0, 1);
+    albaran(c, kDia10, 50, contado, 0, 0, 2);
+    albaran(c, kDia10, 80, contado, 5, 0, 1);
+    auto p = pantalla();
+    p->cmdBuscar();
+    ASSERT_EQ(p->dbgCli.size(), 3u);
+    EXPECT_FALSE(p->Text1_14_Enabled);
+    EXPECT_EQ(p->ListView1.size(), 1u);
+    EXPECT_EQ(p->Label1_1, QStringLiteral("Albaranes pendientes de Cliente Número 1 "));
+
+    // Agents no longer split: the two notes without discount are one group.
+    p->chkGroupAgentes = true;
+    p->cmdBuscar();
+    ASSERT_EQ(p->dbgCli.size(), 2u);
+    EXPECT_EQ(p->dbgCli[0].Cav_Agente.toInt(), 0);
+    const auto& sinDto = p->dbgCli[0].cav_dto1 == 0 ? p->dbgCli[0] : p->dbgCli[1];
+    EXPECT_DOUBLE_EQ(sinDto.tOTAL, 150);
+    p->SeleccionaGrupo(p->dbgCli[0].cav_dto1 == 0 ? 0 : 1);
+    EXPECT_EQ(p->ListView1.size(), 2u);
+    EXPECT_EQ(p->ListView1[0].Cav_Fecha, kDia1); // date order
+    EXPECT_EQ(p->dbgLineas.RecordCount(), 1);
+
+    facturaTodos(*p);
+    EXPECT_EQ(p->facturasGeneradas.size(), 2u);
+    EXPECT_EQ(pendientes(), 0);
+    EXPECT_EQ(e->ui().Textos().back(), mensajes::kSinAlbaranesPendientes);
+    EXPECT_EQ(e->ui().progresos.back(), std::make_pair(2, 2));
+}
+
+TEST_P(Multifactura, SecondDiscountDoesNotSplitTheNotesOfARun) {
+    const qint32 c = e->cliente();
+    albaran(c, kDia1, 100, contado, 5, 0);
+    albaran(c, kDia10, 100, contado, 5, 3);
+    auto p = pantalla();
+    p->cmdBuscar();
+    ASSERT_EQ(p->dbgCli.size(), 2u);
+    // Each group lists the notes of both.
+    EXPECT_EQ(p->ListView1.size(), 2u);
+    facturaTodos(*p);
+    // The first group took both notes; the second found none left.
+    ASSERT_EQ(p->facturasGeneradas.size(), 1u);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_IdFactura = ?"),
+                        {p->facturasGeneradas[0]}),
+              2);
+}
+
+TEST_P(Multifactura, DateFiltersAndZeroNotes) {
+    const qint32 c = e->cliente();
+    albaran(c, kDia1, 100, contado);
+    albaran(c, kDia10, 100, contado);
+    albaran(c, kDia20, 100, contado);
+    const qint32 cero = albaran(c, kDia1, 0, contado);
+    auto p = pantalla();
+    // A lone from-date acts as a latest date.
+    p->Text1[2] = QStringLiteral("10/03/2026");
+    p->cmdBuscar();
+    ASSERT_EQ(p->dbgCli.size(), 1u);
+    EXPECT_EQ(p->ListView1.size(), 2u);
+    p->Text1[2].clear();
+    p->Text1[3] = QStringLiteral("10/03/2026");
+    p->cmdBuscar();
+    EXPECT_EQ(p->ListView1.size(), 2u);
+    p->Text1[2] = QStringLiteral("05/03/2026");
+    p->Text1[3] = QStringLiteral("20/03/2026");
+    p->cmdBuscar();
+    EXPECT_EQ(p->ListView1.size(), 2u);
+    // Notes at zero only with Check1.
+    p->Text1[2].clear();
+    p->Text1[3].clear();
+    p->cmdBuscar();
+    EXPECT_EQ(p->ListView1.size(), 3u);
+    p->Check1 = true;
+    p->cmdBuscar();
+    ASSERT_EQ(p->ListView1.size(), 4u);
+    EXPECT_TRUE(std::any_of(p->ListView1.begin(), p->ListView1.end(),
+                            [cero](const auto& a) { return a.Cav_Id == cero && a.TAlbaran == 0; }));
+    // No notes in range: the message.
+    p->Text1[2] = QStringLiteral("01/01/2020");
+    p->Text1[3] = QStringLiteral("02/01/2020");
+    p->cmdBuscar();
+    EXPECT_TRUE(p->dbgCli.empty());
+    EXPECT_EQ(e->ui().Textos().back(), mensajes::kSinAlbaranesPendientes);
+}
+
+TEST_P(Multifactura, SelectiveRunInvoicesTheTickedNotes) {
+    const qint32 c = e->cliente();
+    const qint32 a1 = albaran(c, kDia1, 100, contado);
+    const qint32 a2 = albaran(c, kDia10, 100, contado);
+    auto p = pantalla();
+    p->cmdBuscar();
+    ASSERT_TRUE(p->Text1_14_Enabled);
+    for (auto& a : p->ListView1) {
+        a.marcado = false;
+    }
+    e->ui().respuestas.push_back(true);
+    p->cmdFacturar();
+    EXPECT_EQ(e->ui().Textos().back(), mensajes::kDebeSeleccionar);
+    EXPECT_TRUE(p->facturasGeneradas.empty());
+
+    p->cmdBuscar();
+    p->Text1[14] = QStringLiteral("Sr. Pons");
+    p->ListView1[1].marcado = false;
+    e->ui().respuestas.push_back(true);
+    p->cmdFacturar();
+    ASSERT_EQ(p->facturasGeneradas.size(), 1u);
+    const qint32 id = p->facturasGeneradas[0];
+    EXPECT_TRUE(e->ui().Textos().contains(mensajes::kProcesoConcluido + QStringLiteral("A/1")));
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_IdFactura = ? AND "
+                                       "Cav_Id = ?"),
+                        {id, a1}),
+              1);
+    EXPECT_EQ(
+        e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Id = ? AND Cav_Situa = 1"),
+                  {a2}),
+        1);
+    Recordset fav = e->cn().Execute(
+        QStringLiteral("SELECT Fav_Total, Fav_Fatencion FROM Fav WHERE Fav_Id = ?"), {id});
+    EXPECT_DOUBLE_EQ(fav.Fields(0).Doble(), 121);
+    EXPECT_EQ(fav.Fields(1).Texto(), QStringLiteral("Sr. Pons"));
+    // Issued once, with the copies of the company.
+    ASSERT_EQ(EmisorAnotado::llamadas.size(), 1u);
+    EXPECT_EQ(EmisorAnotado::llamadas[0], QVector<qint32>{id});
+}
+
+TEST_P(Multifactura, ChecksRefuseWithTheirMessages) {
+    const qint32 sinCuenta = e->cliente({.idFco = domiciliado});
+    albaran(sinCuenta, kDia1, 100, domiciliado);
+    auto p = pantalla();
+    p->cmdBuscar();
+    const std::pair<QString, QString> casos[] = {
+        {QString(), mensajes::kFaltaFechaFactura},
+        {QStringLiteral("31/02/2026"), mensajes::kFaltaFechaFactura},
+        {QStringLiteral("31/03/2026"), mensajes::kCuentaCobroIncorrecta},
+    };
+    for (const auto& [fecha, mensaje] : casos) {
+        p->Text1[6] = fecha;
+        p->cmdFacturar();
+        EXPECT_TRUE(p->ultimaOrdenRechazada);
+        EXPECT_EQ(e->ui().Textos().back(), mensaje);
+    }
+    // An invoice of a later date makes this date too early.
+    e->cn().Execute(QStringLiteral("UPDATE Cli SET Cli_Cta = ?"),
+                    {QStringLiteral("ES9121000418450200051332")});
+    e->cn().Execute(QStringLiteral("INSERT INTO Fav (Fav_Serie, Fav_Numero, Fav_Fecha) VALUES "
+                                   "('A', 1, ?)"),
+                    {e->bd().dialecto().valorFecha(QDate(2026, 4, 2))});
+    p->cmdBuscar();
+    p->cmdFacturar();
+    EXPECT_TRUE(p->ultimaOrdenRechazada);
+    EXPECT_EQ(e->ui().Textos().back(),
+              QStringLiteral("La Fecha de Factura no puede ser inferior a 02/04/2026"));
+    // The customer's account is right now, the date too: confirmed No stops.
+    p->Text1[6] = QStringLiteral("02/04/2026");
+    e->ui().respuestas.push_back(false);
+    p->cmdFacturar();
+    EXPECT_TRUE(p->ultimaOrdenRechazada);
+    EXPECT_EQ(pendientes(), 1);
+}
+
+TEST_P(Multifactura, FailedLinkUndoesOneInvoiceAndTheRunGoesOn) {
+    const qint32 a = e->cliente();
+    const qint32 b = e->cliente();
+    const qint32 c = e->cliente();
+    albaran(a, kDia1, 100, contado);
+    const qint32 bloqueado = albaran(b, kDia1, 200, contado);
+    albaran(c, kDia1, 300, contado);
+    // The database refuses to link one note.
+    if (GetParam() == Motor::SQLite) {
+        e->cn().Execute(QStringLiteral("CREATE TRIGGER bloquea BEFORE UPDATE ON Cav WHEN "
+                                       "OLD.Cav_Id = %1 BEGIN SELECT RAISE(ABORT, 'bloqueado'); "
+                                       "END")
+                            .arg(bloqueado));
+    } else {
+        e->cn().Execute(QStringLiteral("CREATE FUNCTION bloquea() RETURNS trigger AS $$ BEGIN IF "
+                                       "OLD.cav_id = %1 THEN RAISE EXCEPTION 'bloqueado'; END IF; "
+                                       "RETURN NEW; END $$ LANGUAGE plpgsql")
+                            .arg(bloqueado));
+        e->cn().Execute(QStringLiteral("CREATE TRIGGER bloquea BEFORE UPDATE ON Cav FOR EACH ROW "
+                                       "EXECUTE FUNCTION bloquea()"));
+    }
+    auto p = pantalla();
+    p->Text1[11] = QStringLiteral("1");
+    p->cmdBuscar();
+    ASSERT_EQ(p->dbgCli.size(), 3u);
+    facturaTodos(*p);
+    ASSERT_EQ(p->facturasGeneradas.size(), 2u);
+    // No trace of the failed invoice, and no gap in the numbers.
+    Recordset rs = e->cn().Execute(
+        QStringLiteral("SELECT Fav_Numero, Fav_IdCli, Fav_Total FROM Fav ORDER BY Fav_Numero"));
+    ASSERT_EQ(rs.RecordCount(), 2);
+    EXPECT_EQ(rs.Fields(0).Entero(), 1);
+    EXPECT_EQ(rs.Fields(1).Entero(), a);
+    rs.MoveNext();
+    EXPECT_EQ(rs.Fields(0).Entero(), 2);
+    EXPECT_EQ(rs.Fields(1).Entero(), c);
+    EXPECT_DOUBLE_EQ(rs.Fields(2).Doble(), 363);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Id = ? AND Cav_Situa = "
+                                       "1 AND Cav_IdFactura IS NULL"),
+                        {bloqueado}),
+              1);
+    // Both made invoices went to the issue in one call.
+    ASSERT_EQ(EmisorAnotado::llamadas.size(), 1u);
+    EXPECT_EQ(EmisorAnotado::llamadas[0].size(), 2);
+}
+
+TEST_P(Multifactura, NoCopiesSkipTheIssue) {
+    const qint32 c = e->cliente();
+    albaran(c, kDia1, 100, contado);
+    auto p = pantalla();
+    p->Text1[11] = QStringLiteral("0");
+    p->cmdBuscar();
+    facturaTodos(*p);
+    EXPECT_EQ(p->facturasGeneradas.size(), 1u);
+    EXPECT_TRUE(EmisorAnotado::llamadas.empty());
+}
+
+VK_EN_AMBOS_MOTORES(Multifactura);
+
+} // namespace
+} // namespace vk::prueba
