@@ -29,12 +29,29 @@ Conexion::~Conexion() {
     QSqlDatabase::removeDatabase(nombre_);
 }
 
+QSqlQuery& Conexion::preparada(const QString& sql, bool& nueva) {
+    constexpr int kMaximo = 200;
+    auto it = preparadas_.find(sql);
+    nueva = it == preparadas_.end();
+    if (nueva) {
+        if (preparadas_.size() >= kMaximo) {
+            preparadas_.clear();
+        }
+        auto q = std::make_shared<QSqlQuery>(QSqlDatabase::database(nombre_, false));
+        q->setForwardOnly(true);
+        q->setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
+        it = preparadas_.insert(sql, q);
+    }
+    return **it;
+}
+
 bool Conexion::EstaAbierta() const {
     const QSqlDatabase db = QSqlDatabase::database(nombre_, false);
     return db.isValid() && db.isOpen();
 }
 
 void Conexion::Cierra() {
+    preparadas_.clear();
     QSqlDatabase db = QSqlDatabase::database(nombre_, false);
     if (db.isOpen()) {
         db.close();
@@ -42,29 +59,40 @@ void Conexion::Cierra() {
 }
 
 Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) {
-    QSqlDatabase db = QSqlDatabase::database(nombre_, false);
-    QSqlQuery q(db);
-    q.setForwardOnly(true);
-    q.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
     ++sentencias_;
+    QSqlQuery directa(QSqlDatabase::database(nombre_, false));
+    QSqlQuery* consulta = &directa;
     bool ok = false;
     if (parametros.isEmpty()) {
-        ok = q.exec(sql);
+        directa.setForwardOnly(true);
+        directa.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
+        ok = directa.exec(sql);
     } else {
-        ok = q.prepare(sql);
+        bool nueva = false;
+        consulta = &preparada(sql, nueva);
+        ok = !nueva || consulta->prepare(sql);
         if (ok) {
-            for (const QVariant& p : parametros) {
-                q.addBindValue(p);
+            for (int i = 0; i < parametros.size(); ++i) {
+                consulta->bindValue(i, parametros[i]);
             }
-            ok = q.exec();
+            ok = consulta->exec();
         }
     }
+    QSqlQuery& q = *consulta;
+    const auto falla = [&]() {
+        const QString error = textoError(q.lastError());
+        q.finish();
+        // A statement that failed to prepare is not kept.
+        preparadas_.remove(sql);
+        return ErrorBd(
+            QStringLiteral("Error de base de datos: %1\nSentencia: %2").arg(error, sql.simplified()));
+    };
     if (!ok) {
-        throw ErrorBd(QStringLiteral("Error de base de datos: %1\nSentencia: %2")
-                          .arg(textoError(q.lastError()), sql.simplified()));
+        throw falla();
     }
     if (!q.isSelect()) {
         filasAfectadas_ = q.numRowsAffected();
+        q.finish();
         return {};
     }
     const QSqlRecord registro = q.record();
@@ -83,9 +111,10 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
         filas.push_back(std::move(fila));
     }
     if (q.lastError().isValid()) {
-        throw ErrorBd(QStringLiteral("Error de base de datos: %1\nSentencia: %2")
-                          .arg(textoError(q.lastError()), sql.simplified()));
+        throw falla();
     }
+    // Releases the statement's read snapshot: the rows are ours now.
+    q.finish();
     return Recordset(std::move(nombres), std::move(filas));
 }
 

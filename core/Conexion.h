@@ -5,9 +5,14 @@
 #include "Dialecto.h"
 #include "Recordset.h"
 
+#include <QHash>
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
+
+#include <memory>
+
+class QSqlQuery;
 
 namespace vk {
 
@@ -45,6 +50,12 @@ public:
     qint64 Sentencias() const { return sentencias_; }
 
 private:
+    // Prepared statements by their text: the invoicing runs the same few
+    // statements for every invoice, and preparing each time would cost a
+    // round trip on PostgreSQL and a parse on SQLite.
+    QSqlQuery& preparada(const QString& sql, bool& nueva);
+    QHash<QString, std::shared_ptr<QSqlQuery>> preparadas_;
+
     QString nombre_;
     Dialecto dialecto_;
     int nivel_ = 0;
