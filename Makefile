@@ -3,7 +3,7 @@ BUILD ?= build
 DATOS ?= $(CURDIR)/datos
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps configure build demo test clean format
+.PHONY: all deps configure build demo test bench clean format
 
 all: build
 
@@ -27,6 +27,9 @@ test: build
 format:
 	@find core engine runs issue accounting reports suite ui app bench tests \
 		\( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format -i
+
+bench: build
+	@scripts/bench.sh $(BUILD)
 
 clean:
 	rm -rf $(BUILD)

@@ -10,6 +10,7 @@
 #include <Redondeo.h>
 #include <VKFACVENTAS.h>
 #include <array>
+#include <tuple>
 
 namespace vk {
 
@@ -21,6 +22,8 @@ struct Grupo {
     QVariant tivaId;
     double iva, rec, ret;
     int regimenAlbaran;
+    int regimenTipo; // Tiva_Reg and Tiva_Art of the lines' tax row
+    int familia;
     double bruto, base, dtoPie;
 };
 
@@ -35,6 +38,8 @@ Grupo leeGrupo(const Recordset& rs) {
     g.rec = rs.Fields(QStringLiteral("Tiva_Rec")).Doble();
     g.ret = rs.Fields(QStringLiteral("Tiva_Ret")).Doble();
     g.regimenAlbaran = static_cast<int>(rs.Fields(QStringLiteral("Cav_IdTiva")).Entero());
+    g.regimenTipo = static_cast<int>(rs.Fields(QStringLiteral("Tiva_Reg")).Entero());
+    g.familia = static_cast<int>(rs.Fields(QStringLiteral("Tiva_Art")).Entero());
     g.bruto = fnRedondeoMoney(suma);
     // The first discount takes the unrounded sum, the second the rounded terms.
     const double impDto1 = fnRedondeoMoney(suma * dto1 / 100);
@@ -57,13 +62,13 @@ void VKFACVENTAS::CalculoTotalesFactura() {
         QStringLiteral(
             "SELECT Tiva_Iva, Tiva_Rec, Tiva_Ret, Fav_Dto1, Fav_Dto2, Fav_PRetNf, Fav_ModRet, "
             "Cav_IdTiva, SUM(Lav_Importe + Lav_ImpResDes) AS suma, SUM(Lav_ImpDtoUnidad) AS "
-            "DtoPie1, Tiva_Id, Fav_Fecha "
+            "DtoPie1, Tiva_Id, Tiva_Reg, Tiva_Art, Fav_Fecha "
             "FROM Cav INNER JOIN Lav ON Cav_Id = Lav_IdCav "
             "INNER JOIN Fav ON Fav_Id = Cav_IdFactura "
             "LEFT JOIN vkcomun.TIVAS ON Tiva_Id = Lav_Tiva "
             "WHERE Cav_IdFactura = ? "
             "GROUP BY Tiva_Iva, Tiva_Rec, Tiva_Ret, Fav_Dto1, Fav_Dto2, Fav_PRetNf, Fav_ModRet, "
-            "Cav_IdTiva, Tiva_Id, Fav_Fecha "
+            "Cav_IdTiva, Tiva_Id, Tiva_Reg, Tiva_Art, Fav_Fecha "
             "ORDER BY Tiva_Iva DESC NULLS LAST, Cav_IdTiva, Tiva_Id"),
         {IdFactu});
 
@@ -106,14 +111,9 @@ void VKFACVENTAS::CalculoTotalesFactura() {
         double nIva = g.iva;
         double nRec = g.rec;
         double nRet = g.ret;
-        int nReg = 0;
-        Recordset tiva = cn.Execute(
-            QStringLiteral("SELECT Tiva_Reg, Tiva_Art FROM vkcomun.TIVAS WHERE Tiva_Id = ?"),
-            {g.tivaId});
-        if (tiva.Eof()) {
-            throw ErrorBd(mensajes::kLineaSinIva.arg(IdFactu));
-        }
-        nReg = static_cast<int>(tiva.Fields(QStringLiteral("Tiva_Reg")).Entero());
+        // The regime and family of the lines' tax row come with the group:
+        // they depend on Tiva_Id alone, so grouping by them splits nothing.
+        int nReg = g.regimenTipo;
         if (devengoPorFecha && nTotalBase >= 0) {
             // A normal invoice takes the rate of its own date, through the
             // rate's family, which stays steady across changes of rate.
@@ -121,7 +121,7 @@ void VKFACVENTAS::CalculoTotalesFactura() {
                 nReg = 3;
             }
             nIva = g.tivaId.toDouble(); // replaced below unless the rate is NULL
-            const qint64 familia = tiva.Fields(QStringLiteral("Tiva_Art")).Entero();
+            const int familia = g.familia;
             Recordset vigente = cn.Execute(
                 QStringLiteral("SELECT Tiva_Iva, Tiva_Rec, Tiva_Ret FROM vkcomun.TIVAS WHERE "
                                "Tiva_Reg = ? AND Tiva_Art = ? AND Tiva_Fecha <= ? ORDER BY "
@@ -166,8 +166,7 @@ void VKFACVENTAS::CalculoTotalesFactura() {
                                        : QStringLiteral("Par_CtaVIrpf"))
                          .Texto();
         }
-        *cIva[nSlot] = fnCuentaIvaRec(bd, 1, nIva, nReg, fecha);
-        *cRec[nSlot] = fnCuentaIvaRec(bd, 2, nIva, nReg, fecha);
+        std::tie(*cIva[nSlot], *cRec[nSlot]) = fnCuentasIvaRec(bd, nIva, nReg, fecha);
     }
 
     // Header discounts on the sums; the cents they differ from the groups'

@@ -20,7 +20,8 @@ QString fnCuentaOcho(BdSesion& bd, const QString& sCuenta) {
     return sCuenta;
 }
 
-QString fnCuentaIvaRec(BdSesion& bd, int nTipo, double nIva, int nReg, const QDate& fecha) {
+std::pair<QString, QString> fnCuentasIvaRec(BdSesion& bd, double nIva, int nReg,
+                                            const QDate& fecha) {
     Recordset rs = bd.cn().Execute(
         QStringLiteral("SELECT Tiva_Art FROM vkcomun.TIVAS WHERE Tiva_Iva = ? AND Tiva_Reg = ? "
                        "AND Tiva_Fecha <= ? ORDER BY Tiva_Fecha DESC LIMIT 1"),
@@ -28,22 +29,22 @@ QString fnCuentaIvaRec(BdSesion& bd, int nTipo, double nIva, int nReg, const QDa
     if (rs.Eof()) {
         return {};
     }
-    const bool iva = nTipo == 1;
-    QString parametro;
-    switch (rs.Fields(0).Entero()) {
-    case 1:
-        parametro = iva ? QStringLiteral("Par_CtaVIva") : QStringLiteral("Par_CtaVRec1");
-        break;
-    case 2:
-        parametro = iva ? QStringLiteral("Par_CtaVIva2") : QStringLiteral("Par_CtaVRec2");
-        break;
-    case 3:
-        parametro = iva ? QStringLiteral("Par_CtaVIva3") : QStringLiteral("Par_CtaVRec3");
-        break;
-    default:
+    // The rate's family picks the parameters.
+    static const char* const kCuentas[3][2] = {{"Par_CtaVIva", "Par_CtaVRec1"},
+                                               {"Par_CtaVIva2", "Par_CtaVRec2"},
+                                               {"Par_CtaVIva3", "Par_CtaVRec3"}};
+    const qint64 familia = rs.Fields(0).Entero();
+    if (familia < 1 || familia > 3) {
         return {};
     }
-    return bd.Parametros().Item(parametro).Texto();
+    const BdParametros& par = bd.Parametros();
+    return {par.Item(QString::fromLatin1(kCuentas[familia - 1][0])).Texto(),
+            par.Item(QString::fromLatin1(kCuentas[familia - 1][1])).Texto()};
+}
+
+QString fnCuentaIvaRec(BdSesion& bd, int nTipo, double nIva, int nReg, const QDate& fecha) {
+    const auto [iva, recargo] = fnCuentasIvaRec(bd, nIva, nReg, fecha);
+    return nTipo == 1 ? iva : recargo;
 }
 
 } // namespace vk

@@ -4,6 +4,7 @@
 
 #include <QDate>
 #include <QString>
+#include <utility>
 
 namespace vk {
 
@@ -20,5 +21,8 @@ QString fnCuentaOcho(BdSesion& bd, const QString& sCuenta);
 // rate's family in the regime on that date picks the parameter. Empty when
 // the family has no account or the rate is not in the table.
 QString fnCuentaIvaRec(BdSesion& bd, int nTipo, double nIva, int nReg, const QDate& fecha);
+// Both at once, VAT and surcharge, with one look-up of the family.
+std::pair<QString, QString> fnCuentasIvaRec(BdSesion& bd, double nIva, int nReg,
+                                            const QDate& fecha);
 
 } // namespace vk

@@ -12,6 +12,7 @@
 #include <Redondeo.h>
 #include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
+#include <optional>
 
 namespace vk {
 
@@ -200,6 +201,9 @@ void frmFacturasVenta::SeleccionaGrupo(int fila) {
         Text1[7] = textoONada(g.cli_favobs);
     }
     Text1[14] = Text1_14_Enabled ? textoONada(g.Cli_Fatencion) : QString();
+    if (facturandoTodos_) {
+        return; // nothing repaints during the run: what is only shown waits
+    }
     Recordset obs = bd_.cn().Execute(QStringLiteral("SELECT CLI_OBSER FROM Cli WHERE Cli_Id = ?"),
                                      {g.Cav_Idcli});
     lblCliObs = obs.Eof() ? QString() : obs.Fields(0).Texto();
@@ -272,7 +276,7 @@ void frmFacturasVenta::msCargarAlbaranes() {
             chkGroupAgentes ? QVariant() : rs.Fields(QStringLiteral("Cav_Agente")).Value();
         ListView1.push_back(std::move(a));
     }
-    if (!ListView1.empty()) {
+    if (!ListView1.empty() && !facturandoTodos_) {
         msLineasAlbaran(ListView1.front().Cav_Id);
     } else {
         dbgLineas = Recordset();
@@ -434,8 +438,8 @@ void frmFacturasVenta::rellenaFactura(const GrupoFacturable& g, qint32 idPrimerA
 
 qint32 frmFacturasVenta::facturaAlbaranes(const GrupoFacturable& g,
                                           const std::vector<qint32>& albaranes, bool todos) {
-    // One transaction per invoice: its header and the links of its notes.
-    // A failed link undoes the invoice and leaves its notes pending.
+    // The invoice's header and the links of its notes stand or fall
+    // together: a failed link undoes the invoice and leaves its notes pending.
     Transaccion t(bd_.cn());
     qint32 id = 0;
     bool fallo = false;
@@ -462,14 +466,28 @@ qint32 frmFacturasVenta::facturaAlbaranes(const GrupoFacturable& g,
         t.Deshaz();
         return 0;
     }
+    // Totals, retention and receipts go in a savepoint of their own: when
+    // they fail, the invoice stays with its notes linked and without
+    // finished totals or receipts, never with half of them. One commit per
+    // invoice keeps the run fast on a server that syncs every commit.
+    std::optional<ErrorBd> error;
+    {
+        Transaccion totales(bd_.cn());
+        try {
+            factura_.CalculoTotalesFactura();
+            if (factura_.GrabaFactura(true, false)) {
+                totales.Confirma();
+            }
+        } catch (const ErrorBd& e) {
+            error = e;
+        }
+    }
     t.Confirma();
     facturasGeneradas.push_back(id);
+    if (error) {
+        throw *error;
+    }
     return id;
-}
-
-void frmFacturasVenta::terminaFactura() {
-    factura_.CalculoTotalesFactura();
-    factura_.GrabaFactura(true, false);
 }
 
 void frmFacturasVenta::facturacionSelectiva() {
@@ -491,7 +509,6 @@ void frmFacturasVenta::facturacionSelectiva() {
     if (facturaAlbaranes(g, marcados, false) == 0) {
         return;
     }
-    terminaFactura();
     emite(false, {factura_.IdFactu});
     Ui().Mensaje(mensajes::kProcesoConcluido + factura_.SerieFactura + QLatin1Char('/') +
                      QString::number(factura_.NumeroFactura),
@@ -499,6 +516,11 @@ void frmFacturasVenta::facturacionSelectiva() {
 }
 
 void frmFacturasVenta::msFacturarTodos() {
+    facturandoTodos_ = true;
+    struct Fin {
+        bool& bandera;
+        ~Fin() { bandera = false; }
+    } fin{facturandoTodos_};
     QVector<qint32> ids;
     const int total = static_cast<int>(dbgCli.size());
     for (int i = 0; i < total; ++i) {
@@ -511,7 +533,6 @@ void frmFacturasVenta::msFacturarTodos() {
         // Each group stands alone: one that fails leaves the others going.
         try {
             if (facturaAlbaranes(g, albaranes, true) != 0) {
-                terminaFactura();
                 if (Val(Text1[11]) != 0) {
                     ids.push_back(factura_.IdFactu);
                 }

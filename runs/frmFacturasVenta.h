@@ -108,7 +108,6 @@ private:
     void rellenaFactura(const GrupoFacturable& g, qint32 idPrimerAlbaran, bool todos);
     qint32 facturaAlbaranes(const GrupoFacturable& g, const std::vector<qint32>& albaranes,
                             bool todos);
-    void terminaFactura();
     void facturacionSelectiva();
     void msFacturarTodos();
     void emite(bool todos, const QVector<qint32>& ids);
@@ -118,6 +117,7 @@ private:
     QString nombreCliente_; // SQL of the customer's display name
     qint32 idClienteFiltro_ = 0;
     std::vector<qint32> direcciones_; // Dir_Id of cboDir's items
+    bool facturandoTodos_ = false;
 };
 
 } // namespace vk

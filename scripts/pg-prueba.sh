@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
 # Throwaway PostgreSQL cluster for the tests: Unix socket only, in a folder of
 # its own, with durability switched off because nothing in it outlives the run.
-#   pg-prueba.sh start DIR    initdb (first time) and start; prints the socket folder
-#   pg-prueba.sh stop DIR     stop and remove the folder
+#   pg-prueba.sh start DIR [durable]   initdb (first time) and start; "durable"
+#                                      keeps the server's own sync settings (benchmarks)
+#   pg-prueba.sh stop DIR              stop and remove the folder
 set -euo pipefail
 
 accion=${1:?start o stop}
 dir=${2:?carpeta}
+modo=${3:-}
 bin=$(ls -d /usr/lib/postgresql/*/bin 2>/dev/null | sort -V | tail -n 1)
 if [ -z "$bin" ]; then
     echo "No se encuentra PostgreSQL (paquete postgresql)." >&2
@@ -33,9 +35,12 @@ start)
         "${como[@]}" "$bin/initdb" -D "$dir/datos" -U postgres -A trust -E UTF8 \
             --locale=C.UTF-8 >"$dir/initdb.log" 2>&1 || { cat "$dir/initdb.log" >&2; exit 1; }
     fi
+    opciones="-k $dir -c listen_addresses='' -c max_connections=200"
+    if [ "$modo" != durable ]; then
+        opciones="$opciones -c fsync=off -c synchronous_commit=off -c full_page_writes=off"
+    fi
     "${como[@]}" "$bin/pg_ctl" -D "$dir/datos" -l "$dir/servidor.log" -w -t 60 \
-        -o "-k $dir -c listen_addresses='' -c fsync=off -c synchronous_commit=off \
-            -c full_page_writes=off -c max_connections=200" start >/dev/null \
+        -o "$opciones" start >/dev/null \
         || { cat "$dir/servidor.log" >&2; exit 1; }
     echo "PostgreSQL de pruebas en $dir"
     ;;

@@ -71,17 +71,21 @@ void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
     }
     Conexion& cn = MyBd->cn();
 
-    Recordset fco =
-        cn.Execute(QStringLiteral("SELECT Fco_Des FROM Fco WHERE Fco_Id = ?"), {IdFormaCobro});
-    const QString descripcion = fco.Eof() ? QString() : fco.Fields(0).Texto();
-    Recordset rs = cn.Execute(QStringLiteral("SELECT Fcol_Dias, Fcol_Porcentaje, Fcol_Mod FROM "
-                                             "Fcol WHERE Fcol_id = ? ORDER BY Fcol_Dias, "
-                                             "Fcol_Linea"),
-                              {IdFormaCobro});
+    // The terms and their instalments in one read.
+    Recordset rs = cn.Execute(
+        QStringLiteral("SELECT Fco_Des, Fcol_Linea, Fcol_Dias, Fcol_Porcentaje, Fcol_Mod FROM Fco "
+                       "LEFT JOIN Fcol ON Fcol_id = Fco_Id WHERE Fco_Id = ? ORDER BY Fcol_Dias, "
+                       "Fcol_Linea"),
+        {IdFormaCobro});
+    const QString descripcion = rs.Eof() ? QString() : rs.Fields(QStringLiteral("Fco_Des")).Texto();
     std::vector<Plazo> plazos;
     for (; !rs.Eof(); rs.MoveNext()) {
-        plazos.push_back({static_cast<int>(rs.Fields(0).Entero()), rs.Fields(1).Doble(),
-                          static_cast<int>(rs.Fields(2).Entero())});
+        if (rs.Fields(QStringLiteral("Fcol_Linea")).IsNull()) {
+            continue; // terms without instalments
+        }
+        plazos.push_back({static_cast<int>(rs.Fields(QStringLiteral("Fcol_Dias")).Entero()),
+                          rs.Fields(QStringLiteral("Fcol_Porcentaje")).Doble(),
+                          static_cast<int>(rs.Fields(QStringLiteral("Fcol_Mod")).Entero())});
     }
     sCobro_ = cobroDe(plazos, nCompensa, CtaBancoAsignado);
 

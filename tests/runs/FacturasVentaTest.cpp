@@ -4,6 +4,7 @@
 
 #include <MensajesRuns.h>
 #include <RegistroSuite.h>
+#include <frmFactuAlbaran.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
 
@@ -287,6 +288,22 @@ TEST_P(Multifactura, NoCopiesSkipTheIssue) {
     facturaTodos(*p);
     EXPECT_EQ(p->facturasGeneradas.size(), 1u);
     EXPECT_TRUE(EmisorAnotado::llamadas.empty());
+}
+
+TEST_P(Multifactura, SingleNoteDialogFillsItself) {
+    frmFactuAlbaran d(e->factura());
+    EXPECT_EQ(d.Caption, QStringLiteral("Facturación de un Albaran"));
+    EXPECT_EQ(d.Text1[5], QStringLiteral("A"));
+    EXPECT_EQ(d.Text1[6], QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy")));
+    EXPECT_EQ(
+        d.cboFpago,
+        (QStringList{
+            QStringLiteral("%1 - Contado").arg(contado, 2, 10, QLatin1Char('0')),
+            QStringLiteral("%1 - Domiciliado 30").arg(domiciliado, 2, 10, QLatin1Char('0'))}));
+    d.cmdFacturar();
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), 0);
+    d.XPButton1();
+    EXPECT_FALSE(d.Visible);
 }
 
 VK_EN_AMBOS_MOTORES(Multifactura);

@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# The benchmarks: the all-customers invoicing run on a generated company
+# (2,000 customers, pending notes of 5 lines) on SQLite, at two sizes to show
+# memory does not grow with the notes, and on a PostgreSQL server with its
+# normal durability settings.
+set -euo pipefail
+build=${1:-build}
+programa="$build/bench/vk_bench_facturacion"
+tmp=$(mktemp -d /tmp/vkfactuven-bench.XXXXXX)
+pg="$tmp/pg"
+como=()
+if [ "$(id -u)" -eq 0 ]; then
+    chmod 755 "$tmp"
+    como=(runuser -u postgres --)
+fi
+limpia() {
+    "$(dirname "$0")/pg-prueba.sh" stop "$pg" >/dev/null 2>&1 || true
+    rm -rf "$tmp"
+}
+trap limpia EXIT
+
+echo "== SQLite, 10.000 albaranes"
+"$programa" --db "$tmp/sqlite10" --albaranes 10000
+echo "== SQLite, una factura por cliente: 10.000 y 20.000 albaranes (la memoria no crece con los albaranes)"
+"$programa" --db "$tmp/sqlite10g" --albaranes 10000 --grupo-por-cliente
+"$programa" --db "$tmp/sqlite20g" --albaranes 20000 --grupo-por-cliente
+
+echo "== PostgreSQL, 10.000 albaranes"
+"$(dirname "$0")/pg-prueba.sh" start "$pg" durable >/dev/null
+psql_bin=$(ls -d /usr/lib/postgresql/*/bin | sort -V | tail -n 1)/psql
+"${como[@]}" "$psql_bin" -h "$pg" -U postgres -qc "CREATE DATABASE bench" postgres
+"$programa" --db "postgresql://postgres@/bench?host=$pg" --albaranes 10000
