@@ -243,10 +243,6 @@ void BdSesion::Where(const QString& condicion, const QVariantList& parametros) {
     whereParametros_ = parametros;
 }
 
-void BdSesion::vaciaConstructor() {
-    Limpia();
-}
-
 bool BdSesion::valores(QStringList& textos, QVariantList& params, QString& sMensaje) const {
     if (!esIdentificador(tabla_) || campos_.Vacio()) {
         sMensaje = QStringLiteral("Sentencia incompleta: falta la tabla o las columnas.");
@@ -328,7 +324,7 @@ bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
             *nuevoId = rs.Eof() ? 0 : rs.Fields(0).Entero();
         }
         sMensaje.clear();
-        vaciaConstructor();
+        Limpia();
         return true;
     } catch (const ErrorBd& e) {
         return rechaza(sMensaje, e.Mensaje());
@@ -337,7 +333,7 @@ bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
 
 bool BdSesion::rechaza(QString& sMensaje, const QString& texto) {
     sMensaje = texto;
-    vaciaConstructor();
+    Limpia();
     return false;
 }
 

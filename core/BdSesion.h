@@ -82,7 +82,6 @@ private:
     bool valores(QStringList& textos, QVariantList& params, QString& sMensaje) const;
     bool ejecutaConstruida(const QString& sql, const QVariantList& params, QString& sMensaje,
                            qint64* nuevoId = nullptr);
-    void vaciaConstructor();
     // Empties the builder and gives false with the text, as every failure does.
     bool rechaza(QString& sMensaje, const QString& texto);
 

@@ -28,13 +28,10 @@ bool InteraccionGuion::Pregunta(const QString& texto, const QString& titulo, boo
 std::optional<QString> InteraccionGuion::PideTexto(const QString& texto, const QString& titulo,
                                                    const QString&) {
     vistos.push_back({MensajeVisto::Tipo::PideTexto, texto, titulo, Icono::Pregunta});
-    if (textos.empty() || !textos.front().has_value()) {
-        if (!textos.empty()) {
-            textos.pop_front();
-        }
+    if (textos.empty()) {
         return std::nullopt;
     }
-    const QString r = *textos.front();
+    const std::optional<QString> r = textos.front();
     textos.pop_front();
     return r;
 }
