@@ -279,6 +279,34 @@ TEST_P(Multifactura, FailedLinkUndoesOneInvoiceAndTheRunGoesOn) {
     EXPECT_EQ(EmisorAnotado::llamadas[0].size(), 2);
 }
 
+TEST_P(Multifactura, FailureInTheTotalsLeavesTheInvoiceLinkedWithoutThem) {
+    const qint32 a = e->cliente();
+    const qint32 b = e->cliente();
+    albaran(a, kDia1, 100, contado);
+    albaran(b, kDia1, 200, contado);
+    // The company posts on save, but no posting is installed: saving fails.
+    e->parametro(QStringLiteral("Par_GContable"), QStringLiteral("ORVACON"));
+    e->parametro(QStringLiteral("Par_Contav"), 1);
+    e->parametro(QStringLiteral("Par_ModConCon"), 1);
+    auto p = pantalla();
+    p->Text1[11] = QStringLiteral("0");
+    p->cmdBuscar();
+    facturaTodos(*p);
+    // Both invoices exist with their notes, without totals or receipts, and
+    // each failure was told.
+    EXPECT_EQ(p->facturasGeneradas.size(), 2u);
+    EXPECT_EQ(pendientes(), 0);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav WHERE Fav_Total = 0")), 2);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Rec")), 0);
+    const QStringList textos = e->ui().Textos();
+    EXPECT_EQ(std::count_if(textos.begin(), textos.end(),
+                            [](const QString& t) {
+                                return t.startsWith(
+                                    QStringLiteral("No se pudo terminar la factura"));
+                            }),
+              2);
+}
+
 TEST_P(Multifactura, NoCopiesSkipTheIssue) {
     const qint32 c = e->cliente();
     albaran(c, kDia1, 100, contado);
