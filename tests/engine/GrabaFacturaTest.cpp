@@ -139,6 +139,42 @@ TEST_P(Graba, ReceiptsAddUpToTheNetAmount) {
         2);
 }
 
+TEST_P(Graba, LastNoteWithAnAgentGivesTheReceiptsTheirAgent) {
+    const qint32 cli = e->cliente({.idFco = fco});
+    const qint32 a1 = e->albaran(cli, kHoy, 1, {{100, 1, 1}}, 3);
+    const qint32 a2 = e->albaran(cli, kHoy, 1, {{100, 1, 1}}, 5);
+    const qint32 a3 = e->albaran(cli, kHoy, 1, {{100, 1, 1}}, 0); // none: does not clear it
+    e->nuevaFactura(cli, kHoy, {a1, a2, a3});
+    VKFACVENTAS& f = e->factura();
+    f.CalculoTotalesFactura();
+    ASSERT_TRUE(f.GrabaFactura(true));
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Rec WHERE Rec_IdFac = ? AND "
+                                       "Rec_Age = 5"),
+                        {f.IdFactu}),
+              2);
+}
+
+TEST_P(Graba, HandTypedRetentionOfTheRepairTradeWritesNoRetentionRow) {
+    e->parametro(QStringLiteral("Par_Automocion"), 1);
+    const qint32 cli = e->cliente({.idFco = fco});
+    e->nuevaFactura(cli, kHoy, {e->albaran(cli, kHoy, 1, {{100, 1, 1}})});
+    VKFACVENTAS& f = e->factura();
+    f.RetencionNF = 20;
+    f.CalculoTotalesFactura();
+    ASSERT_TRUE(f.GrabaFactura(true));
+    Recordset r = fav();
+    EXPECT_DOUBLE_EQ(r.Fields(QStringLiteral("Fav_IRetNf")).Doble(), 20);
+    EXPECT_DOUBLE_EQ(r.Fields(QStringLiteral("Fav_Liquido")).Doble(), 101);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM RetNF")), 0);
+    EXPECT_DOUBLE_EQ(
+        e->cn()
+            .Execute(QStringLiteral("SELECT SUM(Rec_Importe) FROM Rec WHERE Rec_IdFac = ?"),
+                     {f.IdFactu})
+            .Fields(0)
+            .Doble(),
+        101);
+}
+
 TEST_P(Graba, CreditNotesMakeReceiptsOnlyWhenTheCompanySaysSo) {
     factura({.idFco = fco}, {{-100, 1, 1}});
     EXPECT_EQ(recibos(), 0);
