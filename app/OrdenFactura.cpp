@@ -3,6 +3,7 @@
 #include "Argumentos.h"
 
 #include <BdSesion.h>
+#include <DireccionFactura.h>
 #include <ErrorBd.h>
 #include <Formato.h>
 #include <InteraccionGuion.h>
@@ -72,21 +73,8 @@ void componeCabecera(VKFACVENTAS& f, BdSesion& bd, qint32 cliente, qint32 primer
     f.nModoRetNF = static_cast<qint16>(cli.Fields(QStringLiteral("CLI_ModoRetNF")).Entero());
     f.Observaciones = cli.Fields(QStringLiteral("Cli_favobs")).Texto();
     f.Aatencion = cli.Fields(QStringLiteral("cli_fatencion")).Texto();
-    Recordset cav = bd.cn().Execute(
-        QStringLiteral("SELECT Cav_SG, Cav_Nombre, Cav_Num, Cav_ESCALERA, Cav_Piso, Cav_Puerta, "
-                       "Cav_CP, Cav_Pais, Cav_PROVINCIA, Cav_Poblacion FROM Cav WHERE Cav_Id = ?"),
-        {primerAlbaran});
     f.idDir = 0;
-    f.Sg = cav.Fields(QStringLiteral("Cav_SG")).Texto();
-    f.Nombre = cav.Fields(QStringLiteral("Cav_Nombre")).Texto();
-    f.Num = cav.Fields(QStringLiteral("Cav_Num")).Texto();
-    f.Escalera = cav.Fields(QStringLiteral("Cav_ESCALERA")).Texto();
-    f.Piso = cav.Fields(QStringLiteral("Cav_Piso")).Texto();
-    f.Puerta = cav.Fields(QStringLiteral("Cav_Puerta")).Texto();
-    f.Cp = cav.Fields(QStringLiteral("Cav_CP")).Texto();
-    f.Pais = cav.Fields(QStringLiteral("Cav_Pais")).Texto();
-    f.Provincia = static_cast<qint16>(cav.Fields(QStringLiteral("Cav_PROVINCIA")).Entero());
-    f.Poblacion = cav.Fields(QStringLiteral("Cav_Poblacion")).Texto();
+    msDireccionDeAlbaran(f, primerAlbaran);
 }
 
 // A rate for people: "21", "5,2".

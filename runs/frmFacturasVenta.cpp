@@ -1,6 +1,7 @@
 #include "frmFacturasVenta.h"
 
 #include "Combos.h"
+#include "DireccionFactura.h"
 #include "MensajesRuns.h"
 
 #include <Ajustes.h>
@@ -404,35 +405,9 @@ void frmFacturasVenta::rellenaFactura(const GrupoFacturable& g, qint32 idPrimerA
     }
     f.idDir = -1; // the address is stored by value
     if (direcciones_.empty()) {
-        Recordset cav = bd_.cn().Execute(
-            QStringLiteral("SELECT Cav_Sg, Cav_Nombre, Cav_Num, Cav_Escalera, Cav_Piso, "
-                           "Cav_Puerta, Cav_Pais, Cav_Cp, Cav_Poblacion, Cav_Provincia FROM Cav "
-                           "WHERE Cav_Id = ?"),
-            {idPrimerAlbaran});
-        f.Sg = cav.Fields(QStringLiteral("Cav_Sg")).Texto();
-        f.Nombre = cav.Fields(QStringLiteral("Cav_Nombre")).Texto();
-        f.Num = cav.Fields(QStringLiteral("Cav_Num")).Texto();
-        f.Escalera = cav.Fields(QStringLiteral("Cav_Escalera")).Texto();
-        f.Piso = cav.Fields(QStringLiteral("Cav_Piso")).Texto();
-        f.Puerta = cav.Fields(QStringLiteral("Cav_Puerta")).Texto();
-        f.Cp = cav.Fields(QStringLiteral("Cav_Cp")).Texto();
-        f.Pais = cav.Fields(QStringLiteral("Cav_Pais")).Texto();
-        f.Poblacion = cav.Fields(QStringLiteral("Cav_Poblacion")).Texto();
-        f.Provincia = static_cast<qint16>(cav.Fields(QStringLiteral("Cav_Provincia")).Entero());
+        msDireccionDeAlbaran(f, idPrimerAlbaran);
     } else {
-        const qint32 idDir = cboDirIndex >= 0 ? direcciones_[cboDirIndex] : direcciones_.front();
-        Recordset dir =
-            bd_.cn().Execute(QStringLiteral("SELECT * FROM Dir WHERE Dir_Id = ?"), {idDir});
-        f.Sg = dir.Fields(QStringLiteral("Dir_sg")).Texto();
-        f.Nombre = dir.Fields(QStringLiteral("Dir_Nombre")).Texto();
-        f.Num = dir.Fields(QStringLiteral("DIR_NUMERO")).Texto();
-        f.Escalera = dir.Fields(QStringLiteral("Dir_Escalera")).Texto();
-        f.Piso = dir.Fields(QStringLiteral("Dir_Piso")).Texto();
-        f.Puerta = dir.Fields(QStringLiteral("Dir_Puerta")).Texto();
-        f.Cp = dir.Fields(QStringLiteral("Dir_Cp")).Texto();
-        f.Pais = dir.Fields(QStringLiteral("Dir_Pais")).Texto();
-        f.Poblacion = dir.Fields(QStringLiteral("Dir_Poblacion")).Texto();
-        f.Provincia = static_cast<qint16>(dir.Fields(QStringLiteral("Dir_Provincia")).Entero());
+        msDireccionDeDir(f, cboDirIndex >= 0 ? direcciones_[cboDirIndex] : direcciones_.front());
     }
 }
 

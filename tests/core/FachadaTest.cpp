@@ -1,6 +1,7 @@
 // The facade: the record's defaults, the data protection clause, the screen
 // entries and the simple issue's look-up.
 #include "BasePrueba.h"
+#include "EmisorAnotado.h"
 
 #include <ErrorBd.h>
 #include <InteraccionGuion.h>
@@ -17,16 +18,6 @@ public:
     std::vector<PeticionPantalla> vistas;
 };
 
-// Stands in for the issue dispatcher, which is registered by name.
-class EmisorAnotado : public EmisorFacturas {
-public:
-    static inline std::vector<QVector<qint32>> llamadas;
-    void EmisionMultiplesFacturas(VKFACVENTAS&, qint16, bool, const QVector<qint32>& ids, bool,
-                                  qint16) override {
-        llamadas.push_back(ids);
-    }
-};
-
 class Fachada : public PruebaMotores {
 protected:
     void SetUp() override {
@@ -41,7 +32,7 @@ protected:
     void TearDown() override {
         EstableceLanzador(nullptr);
         EstableceInteraccion(nullptr);
-        OlvidaComponente(QString::fromLatin1(EmisorFacturas::kProgId));
+        EmisorAnotado::Olvida();
     }
     std::unique_ptr<BasePrueba> base;
     std::unique_ptr<BdSesion> s;
@@ -142,9 +133,7 @@ TEST_P(Fachada, SimpleIssueFindsTheInvoice) {
     // Without a dispatcher the issue is a clear error.
     EXPECT_THROW(f.EmisionSimple(QStringLiteral("B'1"), 33), ErrorBd);
 
-    RegistraComponente(QString::fromLatin1(EmisorFacturas::kProgId),
-                       [] { return std::make_unique<EmisorAnotado>(); });
-    EmisorAnotado::llamadas.clear();
+    EmisorAnotado::Registra();
     f.IdFactu = 0;
     f.EmisionSimple(QStringLiteral("B'1"), 34); // no such invoice: silent
     EXPECT_TRUE(EmisorAnotado::llamadas.empty());

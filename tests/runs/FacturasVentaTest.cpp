@@ -1,5 +1,6 @@
 // The batch invoicing screen driven as a person would: filters, search,
 // ticks, invoice; on both backends.
+#include "EmisorAnotado.h"
 #include "EmpresaPrueba.h"
 
 #include <MensajesRuns.h>
@@ -15,28 +16,16 @@ const QDate kDia1(2026, 3, 1);
 const QDate kDia10(2026, 3, 10);
 const QDate kDia20(2026, 3, 20);
 
-// Stands in for the issue dispatcher, registered by name.
-class EmisorAnotado : public EmisorFacturas {
-public:
-    static inline std::vector<QVector<qint32>> llamadas;
-    void EmisionMultiplesFacturas(VKFACVENTAS&, qint16, bool, const QVector<qint32>& ids, bool,
-                                  qint16) override {
-        llamadas.push_back(ids);
-    }
-};
-
 class Multifactura : public PruebaMotores {
 protected:
     void SetUp() override {
         suite::RegistraComponentesSuite();
-        RegistraComponente(QString::fromLatin1(EmisorFacturas::kProgId),
-                           [] { return std::make_unique<EmisorAnotado>(); });
-        EmisorAnotado::llamadas.clear();
+        EmisorAnotado::Registra();
         e = std::make_unique<EmpresaPrueba>(GetParam());
         contado = e->formaPago(QStringLiteral("Contado"), {{0, 100, 1}});
         domiciliado = e->formaPago(QStringLiteral("Domiciliado 30"), {{30, 100, 2}});
     }
-    void TearDown() override { OlvidaComponente(QString::fromLatin1(EmisorFacturas::kProgId)); }
+    void TearDown() override { EmisorAnotado::Olvida(); }
 
     // A note with its payment terms, discounts and agent set.
     qint32 albaran(qint32 cliente, QDate fecha, double importe, qint32 fco, double dto1 = 0,

@@ -1,0 +1,49 @@
+#include "DireccionFactura.h"
+
+#include <VKFACVENTAS.h>
+
+namespace vk {
+
+namespace {
+
+// Both sources hold the same ten columns under their own prefix.
+void copia(VKFACVENTAS& f, const Recordset& rs, const QString& prefijo) {
+    const auto texto = [&](const char* columna) {
+        return rs.Eof() ? QString() : rs.Fields(prefijo + QString::fromLatin1(columna)).Texto();
+    };
+    f.Sg = texto("sg");
+    f.Nombre = texto("Nombre");
+    f.Num = texto("Numero");
+    f.Escalera = texto("Escalera");
+    f.Piso = texto("Piso");
+    f.Puerta = texto("Puerta");
+    f.Cp = texto("Cp");
+    f.Pais = texto("Pais");
+    f.Poblacion = texto("Poblacion");
+    f.Provincia = static_cast<qint16>(texto("Provincia").toInt());
+}
+
+} // namespace
+
+void msDireccionDeAlbaran(VKFACVENTAS& f, qint32 idCav) {
+    // The note calls its number Cav_Num; the alias keeps one set of names.
+    copia(f,
+          f.MyBd().cn().Execute(
+              QStringLiteral("SELECT Cav_Sg, Cav_Nombre, Cav_Num AS Cav_Numero, Cav_Escalera, "
+                             "Cav_Piso, Cav_Puerta, Cav_Pais, Cav_Cp, Cav_Poblacion, "
+                             "Cav_Provincia FROM Cav WHERE Cav_Id = ?"),
+              {idCav}),
+          QStringLiteral("Cav_"));
+}
+
+void msDireccionDeDir(VKFACVENTAS& f, qint32 idDir) {
+    copia(f,
+          f.MyBd().cn().Execute(
+              QStringLiteral("SELECT Dir_sg, Dir_Nombre, Dir_Numero, Dir_Escalera, Dir_Piso, "
+                             "Dir_Puerta, Dir_Pais, Dir_Cp, Dir_Poblacion, Dir_Provincia FROM Dir "
+                             "WHERE Dir_Id = ?"),
+              {idDir}),
+          QStringLiteral("Dir_"));
+}
+
+} // namespace vk
