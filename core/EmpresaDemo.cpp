@@ -340,6 +340,9 @@ const ParNumero kParNumeros[] = {
     // portfolio, no link to accounting: the demo company posts nothing by itself.
     {"Par_CritDevengo", 0}, {"Par_RegFiscal", 1}, {"Par_RecCar", 0}, {"Par_RecAbonos", 0},
     {"Par_Contav", 0}, {"Par_ModConCon", 0}, {"Par_CliCon", 0},
+    // The invoice prints the company's letterhead, both foot lines and the
+    // payment terms.
+    {"Par_PrnEmp", 1}, {"Par_PrnL1", 1}, {"Par_PrnL2", 1}, {"Par_PrintFco", 1},
 };
 // clang-format on
 

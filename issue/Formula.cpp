@@ -52,9 +52,13 @@ private:
         QVariant v = termino();
         while (toma(u'+')) {
             const QVariant w = termino();
-            const bool numeros = v.typeId() != QMetaType::QString &&
-                                 w.typeId() != QMetaType::QString && v.canConvert<double>() &&
-                                 w.canConvert<double>() && !v.isNull() && !w.isNull();
+            // A NULL amount adds as 0, as a text it joins as nothing.
+            const auto numero = [](const QVariant& x) {
+                return x.typeId() != QMetaType::QString && x.typeId() != QMetaType::Bool &&
+                       x.canConvert<double>();
+            };
+            const bool numeros = (numero(v) || numero(w)) && (numero(v) || v.isNull()) &&
+                                 (numero(w) || w.isNull());
             if (numeros) {
                 v = v.toDouble() + w.toDouble();
             } else {

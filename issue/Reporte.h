@@ -180,6 +180,10 @@ public:
     // Paper and margins in twips (A4 by default).
     int AnchoPapel = 11906, AltoPapel = 16838;
     int TopMargin = 567, BottomMargin = 567, LeftMargin = 567, RightMargin = 567;
+    // Widths of LiteralDescripcion1 with and without the packages column. The
+    // defaults are the figures of the legacy report designs; a design of
+    // another scale states its own.
+    int AnchoDescripcionConBultos = 6800, AnchoDescripcionSinBultos = 7365;
 
     std::vector<Grupo> Grupos;
     ColeccionSecciones Sections;

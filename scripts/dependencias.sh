@@ -9,6 +9,7 @@ paquetes=(
     postgresql libpq-dev
     libgtest-dev libgmock-dev googletest libbenchmark-dev
     fonts-dejavu-core fonts-liberation2
+    poppler-utils qpdf
 )
 
 faltan=()

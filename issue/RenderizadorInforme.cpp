@@ -1,0 +1,551 @@
+#include "RenderizadorInforme.h"
+
+#include "Formula.h"
+
+#include <ErrorBd.h>
+#include <Formato.h>
+
+#include <QDate>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace vk::informe {
+
+namespace {
+
+bool mismo(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+
+struct InfoPagina {
+    int numero = 1;
+    int total = 1;
+};
+
+// The values of one row for the formulas.
+class Contexto : public FuenteValores {
+public:
+    Contexto(const DatosInforme& d, const ColeccionFormulas& f, int fila)
+        : d_(d), f_(f), fila_(fila) {}
+    bool Campo(const QString& nombre, QVariant& valor) const override {
+        const int c = d_.indice(nombre);
+        if (c < 0) {
+            return false;
+        }
+        valor = fila_ >= 0 && fila_ < static_cast<int>(d_.filas.size())
+                    ? d_.filas[static_cast<size_t>(fila_)][static_cast<size_t>(c)]
+                    : QVariant();
+        return true;
+    }
+    bool Formula(const QString& nombre, QString& texto) const override {
+        const FormulaField* f = f_.Busca(nombre);
+        if (!f) {
+            return false;
+        }
+        texto = f->Text;
+        return true;
+    }
+
+private:
+    const DatosInforme& d_;
+    const ColeccionFormulas& f_;
+    int fila_;
+};
+
+QColor qcolor(int c) { return QColor((c >> 16) & 0xff, (c >> 8) & 0xff, c & 0xff); }
+
+QFont qfont(const Fuente& f) {
+    QFont q(f.familia);
+    q.setPointSizeF(f.puntos);
+    q.setBold(f.negrita);
+    q.setItalic(f.cursiva);
+    return q;
+}
+
+bool esNumero(const QVariant& v) {
+    switch (v.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return true;
+    default:
+        return false;
+    }
+}
+
+class Maquetador {
+public:
+    Maquetador(Reporte& r, QPagedPaintDevice& dev)
+        : r_(r), d_(r.Datos()), dev_(dev), k_(dev.logicalDpiY() / 1440.0) {}
+
+    ResultadoRender Ejecuta();
+
+private:
+    struct Colocada {
+        const Seccion* s;
+        int fila;
+        int top;
+        int alto;
+    };
+    struct Pagina {
+        std::vector<Colocada> items;
+        int instancia = 0;
+        int filaPie = 0;
+    };
+
+    // --- values ---
+    QVariant valor(const ObjetoInforme& o, int fila, const InfoPagina& p) const;
+    QString texto(const ObjetoInforme& o, int fila, const InfoPagina& p) const;
+    bool visible(const QString& condicion, int fila) const {
+        return condicion.trimmed().isEmpty() ||
+               EsVerdadero(EvaluaFormula(condicion, Contexto(d_, r_.FormulaFields, fila)));
+    }
+    bool visible(const Seccion& s, int fila) const { return !s.Suppress && visible(s.VisibleSi, fila); }
+    bool visible(const ObjetoInforme& o, int fila) const {
+        return !o.Suppress && visible(o.VisibleSi, fila);
+    }
+    static bool esTexto(const ObjetoInforme& o) {
+        return o.Tipo == TipoObjeto::Campo || o.Tipo == TipoObjeto::Formula ||
+               o.Tipo == TipoObjeto::Texto || o.Tipo == TipoObjeto::Especial;
+    }
+    int banderas(const ObjetoInforme& o, const QVariant& v) const;
+    QRectF rectDispositivo(double x, double y, double w, double h) const {
+        return QRectF(x * k_, y * k_, w * k_, h * k_);
+    }
+    double relleno(const ObjetoInforme& o) const {
+        return o.BackColor != kSinColor || o.BorderColor != kSinColor ? 45 : 0;
+    }
+
+    // --- layout ---
+    int alto(const Seccion& s, int fila) const;
+    std::vector<const Seccion*> deTipo(TipoSeccion t, int nivel = -1) const;
+    int nivel(const Seccion& s) const;
+    void nuevaPagina(int fila);
+    void coloca(const Seccion& s, int fila, int h);
+    void emite(const Seccion& s, int fila);
+    void cierraGrupos(int desde, int fila);
+    int altoPie() const;
+
+    // --- painting ---
+    void pinta(QPainter& p, const Colocada& c, const InfoPagina& info) const;
+    void pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0,
+                     int extra, const InfoPagina& info) const;
+
+    Reporte& r_;
+    const DatosInforme& d_;
+    QPagedPaintDevice& dev_;
+    double k_;
+    std::vector<Pagina> paginas_;
+    int y_ = 0;
+    int limite_ = 0;
+    bool soloCabecera_ = true;
+    bool forzarPagina_ = false;
+    int activos_ = 0;   // group levels whose header has been printed
+    int instancia_ = 0; // instance of the page-numbering group
+};
+
+int Maquetador::nivel(const Seccion& s) const {
+    for (size_t i = 0; i < r_.Grupos.size(); ++i) {
+        if (mismo(r_.Grupos[i].Name, s.Grupo)) {
+            return static_cast<int>(i) + 1;
+        }
+    }
+    return 0;
+}
+
+std::vector<const Seccion*> Maquetador::deTipo(TipoSeccion t, int n) const {
+    std::vector<const Seccion*> r;
+    for (const Seccion& s : r_.Sections.todas()) {
+        if (s.Tipo == t && (n < 0 || nivel(s) == n)) {
+            r.push_back(&s);
+        }
+    }
+    return r;
+}
+
+QVariant Maquetador::valor(const ObjetoInforme& o, int fila, const InfoPagina& p) const {
+    const Contexto ctx(d_, r_.FormulaFields, fila);
+    switch (o.Tipo) {
+    case TipoObjeto::Texto:
+        return o.Texto;
+    case TipoObjeto::Campo: {
+        QVariant v;
+        if (!ctx.Campo(o.Texto.mid(o.Texto.lastIndexOf(u'.') + 1), v)) {
+            throw ErrorBd(QStringLiteral("El campo %1 del objeto %2 no está en los datos.")
+                              .arg(o.Texto, o.Name));
+        }
+        return v;
+    }
+    case TipoObjeto::Formula:
+        return EvaluaFormula(QStringLiteral("{@%1}").arg(o.Texto), ctx);
+    case TipoObjeto::Imagen:
+        return EvaluaFormula(o.Texto, ctx);
+    case TipoObjeto::Especial:
+        if (mismo(o.Texto, QStringLiteral("PageNumber"))) {
+            return p.numero;
+        }
+        if (mismo(o.Texto, QStringLiteral("TotalPageCount"))) {
+            return p.total;
+        }
+        if (mismo(o.Texto, QStringLiteral("PageNofM"))) {
+            return QStringLiteral("Página %1 de %2").arg(p.numero).arg(p.total);
+        }
+        if (mismo(o.Texto, QStringLiteral("PrintDate"))) {
+            return QDate::currentDate();
+        }
+        throw ErrorBd(QStringLiteral("Campo especial desconocido: %1.").arg(o.Texto));
+    default:
+        return {};
+    }
+}
+
+QString Maquetador::texto(const ObjetoInforme& o, int fila, const InfoPagina& p) const {
+    const QVariant v = valor(o, fila, p);
+    if (o.SuprimeSiCero && !EsVerdadero(v)) {
+        return {};
+    }
+    QString t;
+    if (o.Formato.compare(QLatin1String("moneda"), Qt::CaseInsensitive) == 0) {
+        t = v.isNull() ? QString() : FormatoMoneda(v.toDouble());
+    } else if (!o.Formato.isEmpty()) {
+        t = Format(v, o.Formato);
+    } else if (v.typeId() == QMetaType::QDate || v.typeId() == QMetaType::QDateTime) {
+        t = Format(v, QStringLiteral("dd/mm/yyyy"));
+    } else if (v.typeId() == QMetaType::Bool) {
+        t = v.toBool() ? QStringLiteral("Sí") : QStringLiteral("No");
+    } else if (esNumero(v)) {
+        const double x = v.toDouble();
+        t = x == std::floor(x) && std::abs(x) < 1e15 ? QString::number(static_cast<qint64>(x))
+                                                     : Format(v, QString());
+    } else {
+        t = v.toString();
+    }
+    t.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    if (o.CompactaBlancos) {
+        static const QRegularExpression blancos(QStringLiteral("[ \\t]+"));
+        static const QRegularExpression finales(QStringLiteral(" *\\n *"));
+        t = t.replace(blancos, QStringLiteral(" ")).replace(finales, QStringLiteral("\n")).trimmed();
+    }
+    return t;
+}
+
+int Maquetador::banderas(const ObjetoInforme& o, const QVariant& v) const {
+    int f = 0;
+    switch (o.HorAlignment) {
+    case crLeftAlign:
+        f = Qt::AlignLeft;
+        break;
+    case crHorCenterAlign:
+        f = Qt::AlignHCenter;
+        break;
+    case crRightAlign:
+        f = Qt::AlignRight;
+        break;
+    case crJustified:
+        f = Qt::AlignJustify;
+        break;
+    default:
+        f = esNumero(v) ? Qt::AlignRight : Qt::AlignLeft;
+    }
+    f |= o.CanGrow ? (Qt::AlignTop | Qt::TextWordWrap) : Qt::AlignVCenter;
+    return f;
+}
+
+int Maquetador::alto(const Seccion& s, int fila) const {
+    int extra = 0;
+    const InfoPagina info;
+    for (const ObjetoInforme& o : s.Objetos) {
+        if (!o.CanGrow || !esTexto(o) || !visible(o, fila)) {
+            continue;
+        }
+        const QString t = texto(o, fila, info);
+        if (t.isEmpty()) {
+            continue;
+        }
+        const QFontMetricsF fm(qfont(o.Font), &dev_);
+        const double ancho = (o.Width - 2 * relleno(o)) * k_;
+        const QRectF caja = fm.boundingRect(QRectF(0, 0, ancho, 1e7),
+                                            banderas(o, valor(o, fila, info)), t);
+        const int necesario = static_cast<int>(std::ceil(caja.height() / k_));
+        extra = std::max(extra, necesario - o.Height);
+    }
+    return s.Height + extra;
+}
+
+int Maquetador::altoPie() const {
+    int h = 0;
+    for (const Seccion* s : deTipo(TipoSeccion::PiePagina)) {
+        if (!s->Suppress) {
+            h += s->Height;
+        }
+    }
+    return h;
+}
+
+void Maquetador::coloca(const Seccion& s, int fila, int h) {
+    paginas_.back().items.push_back({&s, fila, y_, h});
+    paginas_.back().filaPie = fila;
+    y_ += h;
+}
+
+void Maquetador::nuevaPagina(int fila) {
+    paginas_.push_back({{}, instancia_, fila});
+    y_ = r_.TopMargin;
+    limite_ = r_.AltoPapel - r_.BottomMargin - altoPie();
+    forzarPagina_ = false;
+    for (const Seccion* s : deTipo(TipoSeccion::CabeceraPagina)) {
+        if (visible(*s, fila)) {
+            coloca(*s, fila, alto(*s, fila));
+        }
+    }
+    // The open groups' headers marked to repeat: the reader of page 2 still
+    // sees whose invoice it is and the column headings.
+    for (int n = 1; n <= activos_; ++n) {
+        for (const Seccion* s : deTipo(TipoSeccion::CabeceraGrupo, n)) {
+            if (s->RepiteEnCadaPagina && visible(*s, fila)) {
+                coloca(*s, fila, alto(*s, fila));
+            }
+        }
+    }
+    soloCabecera_ = true;
+}
+
+void Maquetador::emite(const Seccion& s, int fila) {
+    if (!visible(s, fila)) {
+        return;
+    }
+    const int h = alto(s, fila);
+    if (paginas_.empty() || forzarPagina_ || (y_ + h > limite_ && !soloCabecera_)) {
+        nuevaPagina(fila);
+    }
+    coloca(s, fila, h);
+    soloCabecera_ = false;
+}
+
+// Prints the footers of the groups from the innermost down to level `desde`,
+// with the last row of each group. Footers marked AlPie go together at the
+// bottom of the page.
+void Maquetador::cierraGrupos(int desde, int fila) {
+    const int niveles = static_cast<int>(r_.Grupos.size());
+    for (int n = niveles; n >= desde; --n) {
+        std::vector<std::pair<const Seccion*, int>> alPie;
+        int total = 0;
+        for (const Seccion* s : deTipo(TipoSeccion::PieGrupo, n)) {
+            if (!s->AlPie) {
+                emite(*s, fila);
+            } else if (visible(*s, fila)) {
+                const int h = alto(*s, fila);
+                alPie.emplace_back(s, h);
+                total += h;
+            }
+        }
+        if (!alPie.empty()) {
+            if (paginas_.empty() || forzarPagina_ || y_ + total > limite_) {
+                nuevaPagina(fila);
+            }
+            y_ = std::max(y_, limite_ - total);
+            for (const auto& [s, h] : alPie) {
+                coloca(*s, fila, h);
+            }
+            soloCabecera_ = false;
+        }
+        activos_ = n - 1;
+        if (r_.Grupos[static_cast<size_t>(n - 1)].NuevaPaginaDespues) {
+            forzarPagina_ = true;
+        }
+    }
+}
+
+ResultadoRender Maquetador::Ejecuta() {
+    const int filas = static_cast<int>(d_.filas.size());
+    const int niveles = static_cast<int>(r_.Grupos.size());
+    std::vector<int> columnas;
+    int nivelPaginas = 0;
+    for (int n = 0; n < niveles; ++n) {
+        columnas.push_back(d_.indice(r_.Grupos[static_cast<size_t>(n)].Campo));
+        if (nivelPaginas == 0 && r_.Grupos[static_cast<size_t>(n)].ReiniciaPaginas) {
+            nivelPaginas = n + 1;
+        }
+    }
+    for (const Seccion* s : deTipo(TipoSeccion::CabeceraInforme)) {
+        emite(*s, 0);
+    }
+    for (int i = 0; i < filas; ++i) {
+        int cambio = niveles + 1; // the outermost group that starts at this row
+        if (i == 0) {
+            cambio = 1;
+        } else {
+            for (int n = 1; n <= niveles; ++n) {
+                const size_t c = static_cast<size_t>(columnas[static_cast<size_t>(n - 1)]);
+                if (d_.filas[static_cast<size_t>(i)][c] != d_.filas[static_cast<size_t>(i - 1)][c]) {
+                    cambio = n;
+                    break;
+                }
+            }
+            if (cambio <= niveles) {
+                cierraGrupos(cambio, i - 1);
+            }
+        }
+        if (nivelPaginas > 0 && cambio <= nivelPaginas) {
+            ++instancia_;
+            // The group's first page belongs to it even when opened before.
+            if (!paginas_.empty() && soloCabecera_ && !forzarPagina_) {
+                paginas_.back().instancia = instancia_;
+            }
+        }
+        for (int n = cambio; n <= niveles; ++n) {
+            for (const Seccion* s : deTipo(TipoSeccion::CabeceraGrupo, n)) {
+                emite(*s, i);
+            }
+            activos_ = n;
+        }
+        for (const Seccion* s : deTipo(TipoSeccion::Detalle)) {
+            emite(*s, i);
+        }
+    }
+    if (filas > 0 && niveles > 0) {
+        cierraGrupos(1, filas - 1);
+    }
+    forzarPagina_ = false;
+    for (const Seccion* s : deTipo(TipoSeccion::PieInforme)) {
+        emite(*s, std::max(0, filas - 1));
+    }
+    if (paginas_.empty()) {
+        nuevaPagina(0);
+    }
+
+    QPainter p;
+    if (!p.begin(&dev_)) {
+        throw ErrorBd(QStringLiteral("No se puede dibujar el informe %1 en el destino.")
+                          .arg(r_.Name));
+    }
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setRenderHint(QPainter::TextAntialiasing);
+    ResultadoRender res;
+    res.paginas = static_cast<int>(paginas_.size());
+    for (size_t i = 0; i < paginas_.size(); ++i) {
+        const Pagina& pag = paginas_[i];
+        InfoPagina info;
+        info.numero = 1;
+        info.total = 0;
+        for (size_t j = 0; j < paginas_.size(); ++j) {
+            if (paginas_[j].instancia == pag.instancia) {
+                ++info.total;
+                if (j < i) {
+                    ++info.numero;
+                }
+            }
+        }
+        if (i > 0) {
+            dev_.newPage();
+        }
+        for (const Colocada& c : pag.items) {
+            pinta(p, c, info);
+            res.colocadas.push_back(
+                {c.s->Name, c.fila, static_cast<int>(i), c.top, c.alto});
+        }
+        int y = r_.AltoPapel - r_.BottomMargin - altoPie();
+        for (const Seccion* s : deTipo(TipoSeccion::PiePagina)) {
+            if (!s->Suppress) {
+                const Colocada c{s, pag.filaPie, y, s->Height};
+                pinta(p, c, info);
+                res.colocadas.push_back({s->Name, pag.filaPie, static_cast<int>(i), y, s->Height});
+                y += s->Height;
+            }
+        }
+    }
+    p.end();
+    return res;
+}
+
+void Maquetador::pinta(QPainter& p, const Colocada& c, const InfoPagina& info) const {
+    const Seccion& s = *c.s;
+    if (s.BackColor != kSinColor) {
+        p.fillRect(rectDispositivo(r_.LeftMargin, c.top,
+                                   r_.AnchoPapel - r_.LeftMargin - r_.RightMargin, c.alto),
+                   qcolor(s.BackColor));
+    }
+    const int extra = c.alto - s.Height;
+    for (const ObjetoInforme& o : s.Objetos) {
+        if (visible(o, c.fila)) {
+            pintaObjeto(p, o, c.fila, r_.LeftMargin, c.top, extra, info);
+        }
+    }
+}
+
+void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0,
+                             int extra, const InfoPagina& info) const {
+    // Objects below a grown object move down with it, as the engine did.
+    double alto = o.Height;
+    if (o.CanGrow) {
+        alto += extra;
+    }
+    const QRectF r = rectDispositivo(x0 + o.Left, y0 + o.Top, o.Width, alto);
+    const double grosor = std::max(1.0, o.LineWidth * k_);
+    switch (o.Tipo) {
+    case TipoObjeto::Caja: {
+        p.setPen(o.BorderColor == kSinColor && o.BackColor != kSinColor
+                     ? QPen(Qt::NoPen)
+                     : QPen(qcolor(o.BorderColor == kSinColor ? 0 : o.BorderColor), grosor));
+        p.setBrush(o.BackColor == kSinColor ? QBrush(Qt::NoBrush) : QBrush(qcolor(o.BackColor)));
+        if (o.Redondeo > 0) {
+            p.drawRoundedRect(r, o.Redondeo * k_, o.Redondeo * k_);
+        } else {
+            p.drawRect(r);
+        }
+        return;
+    }
+    case TipoObjeto::Linea:
+        p.setPen(QPen(qcolor(o.BorderColor == kSinColor ? o.ForeColor : o.BorderColor), grosor));
+        p.drawLine(r.topLeft(), QPointF(r.left() + o.Width * k_, r.top() + o.Height * k_));
+        return;
+    case TipoObjeto::Imagen: {
+        const QImage img(valor(o, fila, info).toString());
+        if (!img.isNull()) {
+            const QImage escalada = img.scaled(r.size().toSize(), Qt::KeepAspectRatio,
+                                               Qt::SmoothTransformation);
+            p.drawImage(QPointF(r.left(), r.top()), escalada);
+        }
+        return;
+    }
+    default:
+        break;
+    }
+    const QVariant v = valor(o, fila, info);
+    const QString t = texto(o, fila, info);
+    if (o.BackColor != kSinColor) {
+        p.fillRect(r, qcolor(o.BackColor));
+    }
+    if (o.BorderColor != kSinColor) {
+        p.setPen(QPen(qcolor(o.BorderColor), grosor));
+        p.setBrush(Qt::NoBrush);
+        p.drawRect(r);
+    }
+    if (t.isEmpty()) {
+        return;
+    }
+    p.setFont(qfont(o.Font));
+    p.setPen(qcolor(o.ForeColor));
+    const double margen = relleno(o) * k_;
+    p.drawText(r.adjusted(margen, 0, -margen, 0), banderas(o, v), t);
+}
+
+} // namespace
+
+ResultadoRender RenderizaInforme(Reporte& reporte, QPagedPaintDevice& dispositivo) {
+    const QPageSize papel(QSizeF(reporte.AnchoPapel / 1440.0, reporte.AltoPapel / 1440.0),
+                          QPageSize::Inch, QString(), QPageSize::ExactMatch);
+    dispositivo.setPageLayout(QPageLayout(papel, QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+    Maquetador m(reporte, dispositivo);
+    return m.Ejecuta();
+}
+
+} // namespace vk::informe

@@ -1,0 +1,187 @@
+// Pagination and painting of a report built in code, read back from the PDF.
+#include "PdfTexto.h"
+
+#include <ErrorBd.h>
+#include <RenderizadorInforme.h>
+
+#include <QPdfWriter>
+#include <QTemporaryDir>
+#include <map>
+#include <set>
+
+namespace vk::informe {
+namespace {
+
+using prueba::EnOrden;
+using prueba::TextoPdf;
+
+ObjetoInforme texto(const QString& nombre, TipoObjeto tipo, const QString& t, int left, int top,
+                    int width, int height = 250) {
+    ObjetoInforme o;
+    o.Name = nombre;
+    o.Tipo = tipo;
+    o.Texto = t;
+    o.Left = left;
+    o.Top = top;
+    o.Width = width;
+    o.Height = height;
+    return o;
+}
+
+Seccion seccion(const QString& nombre, TipoSeccion tipo, int alto, const QString& grupo = {}) {
+    Seccion s;
+    s.Name = nombre;
+    s.Tipo = tipo;
+    s.Height = alto;
+    s.Grupo = grupo;
+    return s;
+}
+
+// Invoice 7 with `lineas` lines listed after invoice 3's two, to see that
+// the rows are grouped.
+std::unique_ptr<Reporte> informe(int lineas) {
+    auto r = std::make_unique<Reporte>();
+    r->Name = QStringLiteral("Prueba");
+    r->Grupos.push_back({QStringLiteral("Factura"), QStringLiteral("fac"), true, true});
+    r->FormulaFields.Agrega(QStringLiteral("titulo"), QStringLiteral("'Factura nº ' + {fac}"));
+    Seccion cab = seccion(QStringLiteral("Cabecera"), TipoSeccion::CabeceraPagina, 400);
+    cab.Objetos.push_back(texto(QStringLiteral("Izq"), TipoObjeto::Texto, QStringLiteral("IZQUIERDA"), 0, 0, 3000));
+    cab.Objetos.push_back(texto(QStringLiteral("Der"), TipoObjeto::Texto, QStringLiteral("DERECHA"), 6000, 0, 3000));
+    cab.Objetos.push_back(texto(QStringLiteral("Oculto"), TipoObjeto::Texto, QStringLiteral("OCULTO"), 3000, 0, 3000));
+    cab.Objetos.back().Suppress = true;
+    r->Sections.todas().push_back(cab);
+    Seccion g = seccion(QStringLiteral("CabFactura"), TipoSeccion::CabeceraGrupo, 300,
+                        QStringLiteral("Factura"));
+    g.RepiteEnCadaPagina = true;
+    g.Objetos.push_back(texto(QStringLiteral("Titulo"), TipoObjeto::Formula, QStringLiteral("titulo"), 0, 0, 5000));
+    r->Sections.todas().push_back(g);
+    Seccion d = seccion(QStringLiteral("Detalle"), TipoSeccion::Detalle, 250);
+    d.Objetos.push_back(texto(QStringLiteral("Des"), TipoObjeto::Campo, QStringLiteral("des"), 0, 0, 4000));
+    d.Objetos.back().CanGrow = true;
+    d.Objetos.push_back(texto(QStringLiteral("Imp"), TipoObjeto::Campo, QStringLiteral("imp"), 6000, 0, 2000));
+    d.Objetos.back().Formato = QStringLiteral("#,##0.00");
+    r->Sections.todas().push_back(d);
+    Seccion nada = seccion(QStringLiteral("Suprimida"), TipoSeccion::Detalle, 250);
+    nada.Suppress = true;
+    nada.Objetos.push_back(texto(QStringLiteral("X"), TipoObjeto::Texto, QStringLiteral("NUNCA"), 0, 0, 2000));
+    r->Sections.todas().push_back(nada);
+    Seccion tot = seccion(QStringLiteral("Totales"), TipoSeccion::PieGrupo, 400, QStringLiteral("Factura"));
+    tot.AlPie = true;
+    tot.Objetos.push_back(texto(QStringLiteral("T"), TipoObjeto::Texto, QStringLiteral("TOTALES"), 0, 0, 3000));
+    r->Sections.todas().push_back(tot);
+    Seccion pie = seccion(QStringLiteral("Pie"), TipoSeccion::PiePagina, 300);
+    pie.Objetos.push_back(texto(QStringLiteral("Pag"), TipoObjeto::Especial, QStringLiteral("PageNofM"), 0, 0, 3000));
+    r->Sections.todas().push_back(pie);
+
+    std::vector<std::vector<QVariant>> filas;
+    for (int i = 1; i <= lineas; ++i) {
+        filas.push_back({7, QStringLiteral("Línea %1").arg(i, 3, 10, QLatin1Char('0')), 1234.5 * i});
+    }
+    filas.insert(filas.begin() + lineas / 2, {3, QStringLiteral("Primera de la tres"), 1.0});
+    filas.push_back({3, QStringLiteral("Una descripción muy larga que no cabe en una sola línea del "
+                                       "detalle y tiene que partirse en varias líneas sin perder "
+                                       "ninguna palabra por el camino"),
+                     2.0});
+    r->Database.Tables.Item(1).SetDataSource(
+        Recordset({QStringLiteral("fac"), QStringLiteral("des"), QStringLiteral("imp")},
+                  std::move(filas)));
+    return r;
+}
+
+ResultadoRender renderiza(Reporte& r, const QString& fichero) {
+    QPdfWriter pdf(fichero);
+    return RenderizaInforme(r, pdf);
+}
+
+TEST(Renderizador, LongInvoiceBreaksAcrossPagesWithEveryLineOnce) {
+    QTemporaryDir dir;
+    auto r = informe(200);
+    const QString fichero = dir.filePath(QStringLiteral("largo.pdf"));
+    const ResultadoRender res = renderiza(*r, fichero);
+    ASSERT_GE(res.paginas, 5);
+
+    // Each row's detail exactly once; the pages of each invoice are its own.
+    std::map<int, int> veces;
+    std::map<int, std::set<int>> paginasDeFactura;
+    const DatosInforme& d = r->Datos();
+    for (const SeccionColocada& c : res.colocadas) {
+        if (c.seccion == QLatin1String("Detalle")) {
+            ++veces[c.fila];
+            paginasDeFactura[d.filas[static_cast<size_t>(c.fila)][0].toInt()].insert(c.pagina);
+        }
+        EXPECT_NE(c.seccion, QLatin1String("Suprimida"));
+        EXPECT_LE(c.top + c.alto, r->AltoPapel - r->BottomMargin) << c.seccion.toStdString();
+    }
+    EXPECT_EQ(veces.size(), 202u);
+    for (const auto& [fila, n] : veces) {
+        EXPECT_EQ(n, 1) << fila;
+    }
+    ASSERT_EQ(paginasDeFactura.size(), 2u);
+    EXPECT_EQ(paginasDeFactura[3], std::set<int>{0}); // grouped ahead, one page
+    EXPECT_EQ(*paginasDeFactura[7].begin(), 1);      // starts a page of its own
+
+    const QString t = TextoPdf(fichero);
+    const QStringList paginas = t.split(u'\f', Qt::SkipEmptyParts);
+    ASSERT_EQ(paginas.size(), res.paginas);
+    for (int i = 1; i <= 200; ++i) {
+        EXPECT_EQ(t.count(QStringLiteral("Línea %1").arg(i, 3, 10, QLatin1Char('0'))), 1) << i;
+    }
+    EXPECT_EQ(t.count(QStringLiteral("TOTALES")), 2);
+    EXPECT_FALSE(t.contains(QStringLiteral("NUNCA")));
+    EXPECT_FALSE(t.contains(QStringLiteral("OCULTO")));
+    // Numbers per invoice, the invoice's header on each of its pages.
+    EXPECT_TRUE(paginas[0].contains(QStringLiteral("Página 1 de 1")));
+    const int deLa7 = res.paginas - 1;
+    EXPECT_TRUE(paginas[1].contains(QStringLiteral("Página 1 de %1").arg(deLa7)));
+    EXPECT_TRUE(paginas.last().contains(QStringLiteral("Página %1 de %1").arg(deLa7)));
+    for (int i = 1; i < paginas.size(); ++i) {
+        EXPECT_TRUE(paginas[i].contains(QStringLiteral("Factura nº 7"))) << i;
+        EXPECT_TRUE(EnOrden(paginas[i], {QStringLiteral("IZQUIERDA"), QStringLiteral("DERECHA")}));
+    }
+    EXPECT_TRUE(paginas.last().contains(QStringLiteral("TOTALES")));
+    EXPECT_TRUE(t.contains(QStringLiteral("246.900,00"))); // 1234.5 * 200 through the mask
+    // The wrapped description keeps every word.
+    EXPECT_TRUE(paginas[0].simplified().contains(QStringLiteral("ninguna palabra por el camino")));
+    for (const SeccionColocada& c : res.colocadas) {
+        if (c.seccion == QLatin1String("Detalle") && c.pagina == 0 &&
+            d.filas[static_cast<size_t>(c.fila)][1].toString().startsWith(QStringLiteral("Una"))) {
+            EXPECT_GT(c.alto, 250);
+        }
+    }
+}
+
+TEST(Renderizador, PositionsAndSuppressAreHonoured) {
+    QTemporaryDir dir;
+    auto r = informe(3);
+    ObjetoInforme& izq = r->Objeto(QStringLiteral("Izq"));
+    ObjetoInforme& der = r->Objeto(QStringLiteral("Der"));
+    std::swap(izq.Left, der.Left);
+    r->Objeto(QStringLiteral("Oculto")).Suppress = false;
+    r->Sections.Item(QStringLiteral("Totales")).Suppress = true;
+    const QString fichero = dir.filePath(QStringLiteral("pos.pdf"));
+    renderiza(*r, fichero);
+    const QString t = TextoPdf(fichero);
+    EXPECT_TRUE(EnOrden(t, {QStringLiteral("DERECHA"), QStringLiteral("OCULTO"),
+                            QStringLiteral("IZQUIERDA")}));
+    EXPECT_FALSE(t.contains(QStringLiteral("TOTALES")));
+
+    // Saved data stays until discarded, even with a new source bound.
+    EXPECT_TRUE(r->HasSavedData());
+    r->Database.Tables.Item(1).SetDataSource(
+        Recordset({QStringLiteral("fac"), QStringLiteral("des"), QStringLiteral("imp")},
+                  {{1, QStringLiteral("Nueva"), 1.0}}));
+    EXPECT_EQ(r->Datos().filas.size(), 5u);
+    r->DiscardSavedData();
+    EXPECT_FALSE(r->HasSavedData());
+    EXPECT_EQ(r->Datos().filas.size(), 1u);
+
+    // A group on a column the rows lack, or a report without rows bound.
+    Reporte sinDatos;
+    EXPECT_THROW(sinDatos.ReadRecords(), ErrorBd);
+    r->Grupos[0].Campo = QStringLiteral("noexiste");
+    r->DiscardSavedData();
+    EXPECT_THROW(r->ReadRecords(), ErrorBd);
+}
+
+} // namespace
+} // namespace vk::informe

@@ -1,0 +1,191 @@
+// The row source of the invoice reports and the PDF of the demo company's
+// invoices, on both backends.
+#include "EmpresaPrueba.h"
+#include "PdfTexto.h"
+
+#include <EmisionInforme.h>
+#include <EmpresaDemo.h>
+#include <Formato.h>
+#include <RegistroSuite.h>
+#include <SqlFacturas.h>
+#include <frmFacturasVenta.h>
+#include <frmIniFav.h>
+
+#include <QTemporaryDir>
+
+namespace vk::prueba {
+namespace {
+
+const QDate kDia(2026, 3, 10);
+
+class FilasFacturas : public PruebaMotores {};
+
+TEST_P(FilasFacturas, OneRowPerLineWithAddressAndPaymentText) {
+    EmpresaPrueba e(GetParam());
+    const qint32 c = e.cliente();
+    const qint32 a1 = e.albaran(c, kDia, 1, {{100}, {50}, {25}});
+    const qint32 a2 = e.albaran(c, kDia.addDays(1), 1, {{10}});
+    const qint32 otra = e.albaran(c, kDia, 1, {{999}});
+    const qint32 id = e.nuevaFactura(c, kDia, {a1, a2});
+    const qint32 id2 = e.nuevaFactura(c, kDia, {otra});
+    e.cn().Execute(QStringLiteral(
+                       "UPDATE Fav SET Fav_IdDir = 0, Fav_Sg = 'C', Fav_Nombre = 'Mayor  ', "
+                       "Fav_Num = 12, Fav_Escalera = '2', Fav_Piso = '3', Fav_Puerta = 'B', "
+                       "Fav_Cp = '46001', Fav_Poblacion = 'Valencia', Fav_Provincia = 46, "
+                       "Fav_Pais = '011', Fav_CliDoc = 'B12345678' WHERE Fav_Id = ?"),
+                   {id});
+
+    Recordset rs = LeeFilasFacturas(e.bd(), {id});
+    ASSERT_EQ(rs.RecordCount(), 4);
+    QList<double> importes;
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        EXPECT_EQ(rs.Fields(QStringLiteral("Fav_Id")).Entero(), id);
+        EXPECT_EQ(rs.Fields(QStringLiteral("Cli_Doc")).Texto(), QStringLiteral("B12345678"));
+        EXPECT_EQ(rs.Fields(QStringLiteral("FormaPago")).Texto(), QString(11, u'#'));
+        importes << rs.Fields(QStringLiteral("Lav_Importe")).Doble();
+    }
+    EXPECT_EQ(importes, (QList<double>{100, 50, 25, 10})); // note date, then line order
+    rs.MoveFirst();
+    EXPECT_TRUE(rs.Fields(QStringLiteral("NumeroAlbaran")).Texto().contains(u'/'));
+    const QStringList lineas = rs.Fields(QStringLiteral("Direcion")).Texto().split(QStringLiteral("\r\n"));
+    ASSERT_EQ(lineas.size(), 3);
+    EXPECT_EQ(lineas[0].simplified(), QStringLiteral("C Mayor 12 2 3 B"));
+    EXPECT_TRUE(lineas[0].startsWith(QStringLiteral("C Mayor 12    2"))) << lineas[0].toStdString();
+    EXPECT_EQ(lineas[1], QStringLiteral("46001 - Valencia "));
+    EXPECT_TRUE(lineas[2].endsWith(QStringLiteral("  -  ESPAÑA"))) << lineas[2].toStdString();
+    EXPECT_GT(lineas[2].size(), QStringLiteral("  -  ESPAÑA").size());
+
+    // A registered address: the view's text, then province and country.
+    const qint64 dir = e.cn()
+                           .Execute(QStringLiteral(
+                               "INSERT INTO Dir (DIR_SG, DIR_NOMBRE, Dir_Numero, DIR_CP, "
+                               "DIR_POBLACION, Dir_Provincia, Dir_Pais) VALUES ('PL', 'Reina', "
+                               "NULL, '03001', 'Alicante', 99, '011') RETURNING DIR_ID"))
+                           .Fields(0)
+                           .Entero();
+    e.cn().Execute(QStringLiteral("UPDATE Fav SET Fav_IdDir = ? WHERE Fav_Id = ?"), {dir, id});
+    rs = LeeFilasFacturas(e.bd(), {id, id2});
+    EXPECT_EQ(rs.RecordCount(), 5);
+    ASSERT_TRUE(rs.Find(QStringLiteral("Fav_Id"), id));
+    EXPECT_EQ(rs.Fields(QStringLiteral("Direcion")).Texto(),
+              QStringLiteral("PL Reina\r\n03001 - Alicante\r\n  -  ESPAÑA"));
+
+    // The first sales receipt's text once there are receipts.
+    e.cn().Execute(QStringLiteral("INSERT INTO Rec (Rec_Tipo, Rec_IdFac, Rec_Texto) VALUES "
+                                  "(2, ?, 'compra'), (1, ?, 'Contado#10/03/2026  10,00 €')"),
+                   {id, id});
+    rs = LeeFilasFacturas(e.bd(), {id});
+    EXPECT_EQ(rs.Fields(QStringLiteral("FormaPago")).Texto(),
+              QStringLiteral("Contado#10/03/2026  10,00 €"));
+
+    // No ids, or an invoice without notes: no rows, no file.
+    EXPECT_EQ(LeeFilasFacturas(e.bd(), {}).RecordCount(), 0);
+    const qint32 vacia = e.nuevaFactura(c, kDia, {});
+    QTemporaryDir tmp;
+    EXPECT_EQ(RenderizaFacturasPdf(e.bd(), {vacia}, QStringLiteral("CrFacturasGeneral"),
+                                   tmp.filePath(QStringLiteral("v.pdf"))),
+              QString());
+    EXPECT_FALSE(QFile::exists(tmp.filePath(QStringLiteral("v.pdf"))));
+}
+
+class FacturasDemo : public PruebaMotores {};
+
+TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
+    BasePrueba base(GetParam());
+    auto s = base.CreaEmpresa();
+    CreaDatosDemo(*s);
+    s->cn().Execute(QStringLiteral("UPDATE Parametros SET Par_PrnEmp = 1, Par_PrintFco = 1"));
+    s->RecargaParametros();
+    suite::RegistraComponentesSuite();
+    VKFACVENTAS f;
+    f.setMyBd(*s);
+    InteraccionGuion ui;
+    ui.ResponderSiSiempre(true);
+    const UsaInteraccion puerto(ui);
+    frmFacturasVenta pantalla(f);
+    pantalla.Text1[6] = QStringLiteral("20/11/2026");
+    pantalla.Check4 = true;
+    pantalla.Check4_Click();
+    pantalla.optSalida = 0;
+    pantalla.Text1[11] = QStringLiteral("0");
+    ui.dialogos.push_back([](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
+    pantalla.cmdBuscar();
+    pantalla.cmdFacturar();
+    ASSERT_GE(pantalla.facturasGeneradas.size(), 3u);
+    const QVector<qint32> ids{pantalla.facturasGeneradas[0], pantalla.facturasGeneradas[1],
+                              pantalla.facturasGeneradas[2]};
+
+    QTemporaryDir tmp;
+    const QString fichero = tmp.filePath(QStringLiteral("facturas.pdf"));
+    ASSERT_EQ(RenderizaFacturasPdf(*s, ids, QStringLiteral("CrFacturasGeneral"), fichero), fichero);
+    // To look at the pages: VK_FACTURA_MUESTRA=/some/file.pdf
+    if (!qEnvironmentVariableIsEmpty("VK_FACTURA_MUESTRA")) {
+        QFile::remove(qEnvironmentVariable("VK_FACTURA_MUESTRA"));
+        QFile::copy(fichero, qEnvironmentVariable("VK_FACTURA_MUESTRA"));
+    }
+    const QStringList paginas = TextoPdf(fichero).split(u'\f', Qt::SkipEmptyParts);
+    ASSERT_GE(paginas.size(), 3);
+
+    // Each invoice starts a page; read the first invoice's pages.
+    Recordset fav = s->cn().Execute(
+        QStringLiteral("SELECT Fav_Serie, Fav_Numero, Fav_Fecha, Fav_Clinom, Fav_CliDoc, "
+                       "Fav_Total, Fav_BIva1, Fav_ImpIva1 FROM Fav WHERE Fav_Id = ?"),
+        {ids[0]});
+    const QString numero = fav.Fields(QStringLiteral("Fav_Serie")).Texto() + u'/' +
+                           QString::number(fav.Fields(QStringLiteral("Fav_Numero")).Entero());
+    QString primera;
+    for (const QString& p : paginas) {
+        if (p.contains(numero + QLatin1Char('\n')) || p.contains(numero + QLatin1Char(' '))) {
+            primera += p;
+        }
+    }
+    ASSERT_FALSE(primera.isEmpty()) << numero.toStdString();
+    Recordset rec = s->cn().Execute(
+        QStringLiteral("SELECT Rec_FVto FROM Rec WHERE Rec_Tipo = 1 AND Rec_IdFac = ? ORDER BY Rec_Id"),
+        {ids[0]});
+    Recordset lav = s->cn().Execute(
+        QStringLiteral("SELECT Lav_Des FROM Lav INNER JOIN Cav ON Cav_Id = Lav_IdCav WHERE "
+                       "Cav_IdFactura = ? ORDER BY Cav_Fecha, Cav_Serie, Cav_Numero, Lav_Orden"),
+        {ids[0]});
+    ASSERT_FALSE(lav.Eof());
+    ASSERT_FALSE(rec.Eof());
+    const QString plano = primera.simplified();
+    EXPECT_TRUE(EnOrden(
+        plano, {QStringLiteral("Suministros y Servicios Turialev, S.L."), QStringLiteral("NIF: B96824172"),
+                QStringLiteral("FACTURA"), numero,
+                Format(fav.Fields(QStringLiteral("Fav_Fecha")).Value(), QStringLiteral("dd/mm/yyyy")),
+                lav.Fields(QStringLiteral("Lav_Des")).Texto().simplified().left(20),
+                QStringLiteral("Base imponible"),
+                Format(fav.Fields(QStringLiteral("Fav_BIva1")).Doble(), QStringLiteral("#,##0.00")),
+                Format(fav.Fields(QStringLiteral("Fav_ImpIva1")).Doble(), QStringLiteral("#,##0.00")),
+                QStringLiteral("TOTAL FACTURA"),
+                FormatoMoneda(fav.Fields(QStringLiteral("Fav_Total")).Doble()),
+                QStringLiteral("Vencimientos"),
+                Format(rec.Fields(QStringLiteral("Rec_FVto")).Value(), QStringLiteral("dd/mm/yyyy")),
+                sTextoLOPD.simplified().left(30)}));
+    EXPECT_TRUE(plano.contains(fav.Fields(QStringLiteral("Fav_Clinom")).Texto().simplified()));
+    EXPECT_TRUE(plano.contains(QStringLiteral("NIF: ") + fav.Fields(QStringLiteral("Fav_CliDoc")).Texto().trimmed()));
+    for (lav.MoveFirst(); !lav.Eof(); lav.MoveNext()) {
+        EXPECT_TRUE(plano.contains(lav.Fields(QStringLiteral("Lav_Des")).Texto().simplified().left(20)));
+    }
+
+    // The copy mark and the options of the company reach the page.
+    const QString copia = tmp.filePath(QStringLiteral("copia.pdf"));
+    OpcionesInforme o;
+    o.copia = true;
+    o.imprimeAlbaran = false;
+    s->cn().Execute(QStringLiteral("UPDATE Parametros SET PAR_FLOPD = 0, Par_PrintFco = 0"));
+    s->RecargaParametros();
+    RenderizaFacturasPdf(*s, {ids[0]}, QStringLiteral("CrFacturasGeneral"), copia, o);
+    const QString t = TextoPdf(copia);
+    EXPECT_TRUE(t.contains(QStringLiteral("* DUPLICADO DE FACTURA *")));
+    EXPECT_FALSE(t.contains(QStringLiteral("Albarán ")));
+    EXPECT_FALSE(t.contains(QStringLiteral("Vencimientos")));
+    EXPECT_FALSE(t.simplified().contains(sTextoLOPD.simplified().left(30)));
+}
+
+VK_EN_AMBOS_MOTORES(FilasFacturas);
+VK_EN_AMBOS_MOTORES(FacturasDemo);
+
+} // namespace
+} // namespace vk::prueba
