@@ -5,9 +5,13 @@
 
 #include <BdSesion.h>
 #include <CreaEmpresa.h>
+#include <EmisionInforme.h>
 #include <EmpresaDemo.h>
+#include <ErrorBd.h>
 #include <Formato.h>
+#include <QDir>
 #include <RegistroSuite.h>
+#include <TablaReportes.h>
 #include <VKFACVENTAS.h>
 
 namespace vk::app {
@@ -56,6 +60,34 @@ void imprimeResumen(const Creada& c, QTextStream& out) {
     }
 }
 
+// One PDF per invoice, "F_" + number + ".pdf", in the data folder's pdf
+// subfolder.
+QString escribePdfs(BdSesion& bd, const QString& db) {
+    const CadenaConexion cadena = CadenaConexion::Interpreta(db);
+    const QDir carpeta(cadena.motor == Motor::SQLite
+                           ? QDir(cadena.directorio).filePath(QStringLiteral("pdf"))
+                           : QDir::current().filePath(QStringLiteral("pdf")));
+    if (!carpeta.mkpath(QStringLiteral("."))) {
+        throw ErrorBd(QStringLiteral("No se puede crear la carpeta %1.").arg(carpeta.path()));
+    }
+    // The general design, until the dispatcher chooses by design and route.
+    const QString reporte = fnNombreReporte({});
+    Recordset rs =
+        bd.cn().Execute(QStringLiteral("SELECT Fav_Id, Fav_Numero FROM Fav ORDER BY Fav_Id"));
+    int escritos = 0;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        const QString fichero = carpeta.filePath(
+            QStringLiteral("F_%1.pdf").arg(rs.Fields(QStringLiteral("Fav_Numero")).Entero()));
+        if (!RenderizaFacturasPdf(
+                 bd, {static_cast<qint32>(rs.Fields(QStringLiteral("Fav_Id")).Entero())}, reporte,
+                 fichero)
+                 .isEmpty()) {
+            ++escritos;
+        }
+    }
+    return QStringLiteral("%1 ficheros en %2").arg(escritos).arg(carpeta.path());
+}
+
 } // namespace
 
 int OrdenInit(const QStringList& args, QTextStream& out) {
@@ -94,8 +126,7 @@ int OrdenDemo(const QStringList& args, QTextStream& out) {
         << Qt::endl;
     out << QStringLiteral("  Datos en              %1").arg(c.sesion->cadena().descripcion())
         << Qt::endl;
-    out << QStringLiteral("  PDF de las facturas   todavía no: la emisión llegará con el "
-                          "despachador de emisión")
+    out << QStringLiteral("  PDF de las facturas   %1").arg(escribePdfs(*c.sesion, a.baseDatos()))
         << Qt::endl;
     return 0;
 }

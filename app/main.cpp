@@ -5,9 +5,11 @@
 #include "OrdenInit.h"
 
 #include <ErrorBd.h>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QTextStream>
 #include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -32,7 +34,18 @@ Sin --db se usa VKFACTUVEN_DB y, si no está, ./datos.
 } // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
+    // Invoices are painted into PDF files with the fonts of the machine; the
+    // command line opens no window, so it needs no display.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        // Outside a desktop session: a private runtime folder, as a session has.
+        const QByteArray carpeta = "/tmp/vkfactuven-runtime-" + QByteArray::number(getuid());
+        mkdir(carpeta.constData(), 0700);
+        qputenv("XDG_RUNTIME_DIR", carpeta);
+    }
+    QGuiApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vkfactuven"));
     QTextStream out(stdout);
     QTextStream err(stderr);

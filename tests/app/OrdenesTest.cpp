@@ -1,7 +1,9 @@
 // The command line as a person runs it: real processes on both backends.
 #include "BasePrueba.h"
 
+#include <QDir>
 #include <QProcess>
+#include <QTemporaryDir>
 
 namespace vk::prueba {
 namespace {
@@ -153,6 +155,23 @@ TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
     EXPECT_TRUE(s.texto.contains(QStringLiteral(
         "No existen albaranes pendientes de facturar entre los datos seleccionados")));
     EXPECT_EQ(facturas(), hechas);
+}
+
+TEST(Demo, MakesTheCompanyInvoicesItAndWritesOnePdfPerInvoice) {
+    QTemporaryDir dir;
+    Salida s = ejecuta({QStringLiteral("demo"), QStringLiteral("--db"), dir.path()});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Resumen de la empresa de demostración")));
+    const QStringList pdfs =
+        QDir(dir.filePath(QStringLiteral("pdf"))).entryList({QStringLiteral("F_*.pdf")});
+    auto bd = BdSesion::Abre(dir.path());
+    EXPECT_EQ(pdfs.size(),
+              bd->cn().Execute(QStringLiteral("SELECT COUNT(*) FROM Fav")).Fields(0).Entero());
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("%1 ficheros en").arg(pdfs.size())));
+    // The second run finds nothing pending and keeps what was made.
+    s = ejecuta({QStringLiteral("demo"), QStringLiteral("--db"), dir.path()});
+    EXPECT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("No existen albaranes pendientes")));
 }
 
 VK_EN_AMBOS_MOTORES(Ordenes);
