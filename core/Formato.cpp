@@ -204,22 +204,14 @@ QString numeroPlano(double valor) {
 }
 
 bool aNumero(const QVariant& valor, double& numero) {
+    if (EsNumero(valor)) {
+        numero = valor.toDouble();
+        return std::isfinite(numero);
+    }
     switch (valor.typeId()) {
     case QMetaType::Bool:
         numero = valor.toBool() ? -1.0 : 0.0; // a true Boolean is -1 in the legacy data
         return true;
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        numero = valor.toDouble();
-        return std::isfinite(numero);
     case QMetaType::QString: {
         // Text from the code ("1234.56") or typed by a user ("1.234,56").
         const QString texto = valor.toString().trimmed();
@@ -410,6 +402,24 @@ double Val(const QString& texto) {
     bool ok = false;
     const double v = numero.toDouble(&ok);
     return ok ? v : 0.0;
+}
+
+bool EsNumero(const QVariant& valor) {
+    switch (valor.typeId()) {
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace vk

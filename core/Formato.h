@@ -42,4 +42,7 @@ QString FormatoMoneda(double importe);
 // is 0, " -3.5x" is -3.5).
 double Val(const QString& texto);
 
+// A value held as a number (not as text that looks like one).
+bool EsNumero(const QVariant& valor);
+
 } // namespace vk

@@ -1,6 +1,7 @@
 #include "Recordset.h"
 
 #include "ErrorBd.h"
+#include "Formato.h"
 
 #include <QDate>
 #include <QRegularExpression>
@@ -9,27 +10,14 @@ namespace vk {
 
 namespace {
 
-bool esNumero(const QVariant& v) {
-    switch (v.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-    case QMetaType::Float:
-    case QMetaType::Short:
-    case QMetaType::Bool:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool iguales(const QVariant& a, const QVariant& b) {
     if (a.isNull() || b.isNull()) {
         return a.isNull() && b.isNull();
     }
-    if (esNumero(a) || esNumero(b)) {
+    const auto numerico = [](const QVariant& v) {
+        return EsNumero(v) || v.typeId() == QMetaType::Bool;
+    };
+    if (numerico(a) || numerico(b)) {
         bool okA = false;
         bool okB = false;
         const double x = a.toDouble(&okA);

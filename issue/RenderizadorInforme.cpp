@@ -67,20 +67,6 @@ QFont qfont(const Fuente& f) {
     return q;
 }
 
-bool esNumero(const QVariant& v) {
-    switch (v.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return true;
-    default:
-        return false;
-    }
-}
-
 class Maquetador {
 public:
     Maquetador(Reporte& r, QPagedPaintDevice& dev)
@@ -221,7 +207,7 @@ QString Maquetador::texto(const ObjetoInforme& o, int fila, const InfoPagina& p)
         t = Format(v, QStringLiteral("dd/mm/yyyy"));
     } else if (v.typeId() == QMetaType::Bool) {
         t = v.toBool() ? QStringLiteral("Sí") : QStringLiteral("No");
-    } else if (esNumero(v)) {
+    } else if (EsNumero(v)) {
         const double x = v.toDouble();
         t = x == std::floor(x) && std::abs(x) < 1e15 ? QString::number(static_cast<qint64>(x))
                                                      : Format(v, QString());
@@ -253,7 +239,7 @@ int Maquetador::banderas(const ObjetoInforme& o, const QVariant& v) const {
         f = Qt::AlignJustify;
         break;
     default:
-        f = esNumero(v) ? Qt::AlignRight : Qt::AlignLeft;
+        f = EsNumero(v) ? Qt::AlignRight : Qt::AlignLeft;
     }
     f |= o.CanGrow ? (Qt::AlignTop | Qt::TextWordWrap) : Qt::AlignVCenter;
     return f;
