@@ -157,6 +157,8 @@ TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
     EXPECT_EQ(facturas(), hechas);
 }
 
+// The demo company lives on SQLite in a folder by definition; the commands it
+// runs are tested on both backends above.
 TEST(Demo, MakesTheCompanyInvoicesItAndWritesOnePdfPerInvoice) {
     QTemporaryDir dir;
     Salida s = ejecuta({QStringLiteral("demo"), QStringLiteral("--db"), dir.path()});
