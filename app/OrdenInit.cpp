@@ -5,13 +5,12 @@
 
 #include <BdSesion.h>
 #include <CreaEmpresa.h>
-#include <EmisionInforme.h>
 #include <EmpresaDemo.h>
 #include <ErrorBd.h>
 #include <Formato.h>
+#include <InteraccionGuion.h>
 #include <QDir>
 #include <RegistroSuite.h>
-#include <TablaReportes.h>
 #include <VKFACVENTAS.h>
 
 namespace vk::app {
@@ -61,8 +60,8 @@ void imprimeResumen(const Creada& c, QTextStream& out) {
 }
 
 // One PDF per invoice, "F_" + number + ".pdf", in the data folder's pdf
-// subfolder.
-QString escribePdfs(BdSesion& bd, const QString& db) {
+// subfolder, through the issue dispatcher's PDF route.
+QString escribePdfs(VKFACVENTAS& f, const QString& db) {
     const CadenaConexion cadena = CadenaConexion::Interpreta(db);
     const QDir carpeta(cadena.motor == Motor::SQLite
                            ? QDir(cadena.directorio).filePath(QStringLiteral("pdf"))
@@ -70,20 +69,19 @@ QString escribePdfs(BdSesion& bd, const QString& db) {
     if (!carpeta.mkpath(QStringLiteral("."))) {
         throw ErrorBd(QStringLiteral("No se puede crear la carpeta %1.").arg(carpeta.path()));
     }
-    // The general design, until the dispatcher chooses by design and route.
-    const QString reporte = fnNombreReporte({});
-    Recordset rs =
-        bd.cn().Execute(QStringLiteral("SELECT Fav_Id, Fav_Numero FROM Fav ORDER BY Fav_Id"));
+    InteraccionGuion ui;
+    const UsaInteraccion puerto(ui);
+    f.Tipo_Emision = 2;
+    f.RutaFicheroPdf = carpeta.absolutePath();
+    Recordset rs = f.MyBd().cn().Execute(QStringLiteral("SELECT Fav_Id FROM Fav ORDER BY Fav_Id"));
     int escritos = 0;
     for (; !rs.Eof(); rs.MoveNext()) {
-        const QString fichero = carpeta.filePath(
-            QStringLiteral("F_%1.pdf").arg(rs.Fields(QStringLiteral("Fav_Numero")).Entero()));
-        if (!RenderizaFacturasPdf(
-                 bd, {static_cast<qint32>(rs.Fields(QStringLiteral("Fav_Id")).Entero())}, reporte,
-                 fichero)
-                 .isEmpty()) {
+        if (!f.CreatePdf(static_cast<qint32>(rs.Fields(0).Entero())).isEmpty()) {
             ++escritos;
         }
+    }
+    if (!ui.Textos().isEmpty()) {
+        throw ErrorBd(ui.Textos().join(QLatin1Char('\n')));
     }
     return QStringLiteral("%1 ficheros en %2").arg(escritos).arg(carpeta.path());
 }
@@ -126,7 +124,7 @@ int OrdenDemo(const QStringList& args, QTextStream& out) {
         << Qt::endl;
     out << QStringLiteral("  Datos en              %1").arg(c.sesion->cadena().descripcion())
         << Qt::endl;
-    out << QStringLiteral("  PDF de las facturas   %1").arg(escribePdfs(*c.sesion, a.baseDatos()))
+    out << QStringLiteral("  PDF de las facturas   %1").arg(escribePdfs(f, a.baseDatos()))
         << Qt::endl;
     return 0;
 }

@@ -1,5 +1,6 @@
 // vkfactuven: the command-line host of the sales invoicing library.
 #include "Argumentos.h"
+#include "OrdenEmitir.h"
 #include "OrdenFactura.h"
 #include "OrdenFacturar.h"
 #include "OrdenInit.h"
@@ -25,6 +26,9 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
            [--serie-albaran S] [--incluir-cero] [--no-agrupar-agentes]
            [--salida ninguna|pdf|impresora|pantalla] [--copias N] [--db DB]
                              factura todos los albaranes pendientes, una factura por grupo
+  emitir --serie S --desde N [--hasta N] (--pdf CARPETA | --impresora [--cola COLA] | --pantalla)
+         [--copia] [--albaranes] [--diseno N] [--db DB]
+                             emite esas facturas por el diseño de la empresa (o el indicado)
 
 DB es un directorio (SQLite), sqlite:DIR?catalogo=NOMBRE o
 postgresql://usuario@servidor:puerto/base?catalogo=nombre.
@@ -65,6 +69,9 @@ int main(int argc, char** argv) {
         }
         if (orden == QLatin1String("facturar")) {
             return vk::app::OrdenFacturar(args, out);
+        }
+        if (orden == QLatin1String("emitir")) {
+            return vk::app::OrdenEmitir(args, out);
         }
         if (orden == QLatin1String("demo")) {
             return vk::app::OrdenDemo(args, out);

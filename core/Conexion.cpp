@@ -84,8 +84,8 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
         q.finish();
         // A statement that failed to prepare is not kept.
         preparadas_.remove(sql);
-        return ErrorBd(
-            QStringLiteral("Error de base de datos: %1\nSentencia: %2").arg(error, sql.simplified()));
+        return ErrorBd(QStringLiteral("Error de base de datos: %1\nSentencia: %2")
+                           .arg(error, sql.simplified()));
     };
     if (!ok) {
         throw falla();

@@ -9,7 +9,6 @@
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
-
 #include <memory>
 
 class QSqlQuery;

@@ -164,6 +164,12 @@ void VKFACVENTAS::EmisionMultiplesFacturas(qint16 nDiseno, bool bDiseno,
         ->EmisionMultiplesFacturas(*this, nDiseno, bDiseno, vIds, bForce, nOrigen);
 }
 
+QString VKFACVENTAS::CreatePdf(qint32 nIdFactura) {
+    PdfOutFile.clear();
+    EmisionMultiplesFacturas(1, true, {nIdFactura}, true, 0);
+    return PdfOutFile;
+}
+
 bool VKFACVENTAS::ConexionContableFacturaVentas(qint16 nEmp, const QString& sWhere, bool bCobros,
                                                 bool bBorra, bool bEdicion,
                                                 const QString& sAsientoCobro) {

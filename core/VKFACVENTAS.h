@@ -120,6 +120,9 @@ public:
     void EmisionSimple(const QString& Serie, qint32 Numero);
     void EmisionMultiplesFacturas(qint16 nDiseno, bool bDiseno, const QVector<qint32>& vIds,
                                   bool bForce = false, qint16 nOrigen = 0);
+    // Issues one invoice by the route of Tipo_Emision, without the preamble,
+    // and returns the file the PDF route wrote (empty when none).
+    QString CreatePdf(qint32 nIdFactura);
 
 private:
     BdSesion* bd_ = nullptr;

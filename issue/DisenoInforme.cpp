@@ -1,7 +1,6 @@
 #include "DisenoInforme.h"
 
 #include <ErrorBd.h>
-
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -91,7 +90,9 @@ QJsonObject leeDesde(const QString& nombre, int desde, QStringList& cadena) {
     throw ErrorBd(QStringLiteral("No existe el diseño de informe %1.").arg(nombre));
 }
 
-QString nombreDe(const QJsonValue& v) { return v.toObject().value(QStringLiteral("Name")).toString(); }
+QString nombreDe(const QJsonValue& v) {
+    return v.toObject().value(QStringLiteral("Name")).toString();
+}
 
 int posicion(const QJsonArray& a, const QString& nombre) {
     for (int i = 0; i < a.size(); ++i) {
@@ -201,15 +202,16 @@ E enumerado(const QString& texto, const QList<QPair<QString, E>>& valores, const
 ObjetoInforme objeto(const QJsonObject& o, const Fuente& fuenteBase) {
     ObjetoInforme r;
     r.Name = o.value(QStringLiteral("Name")).toString();
-    r.Tipo = enumerado<TipoObjeto>(o.value(QStringLiteral("Tipo")).toString(QStringLiteral("texto")),
-                                   {{QStringLiteral("campo"), TipoObjeto::Campo},
-                                    {QStringLiteral("formula"), TipoObjeto::Formula},
-                                    {QStringLiteral("texto"), TipoObjeto::Texto},
-                                    {QStringLiteral("especial"), TipoObjeto::Especial},
-                                    {QStringLiteral("caja"), TipoObjeto::Caja},
-                                    {QStringLiteral("linea"), TipoObjeto::Linea},
-                                    {QStringLiteral("imagen"), TipoObjeto::Imagen}},
-                                   QStringLiteral("objeto"));
+    r.Tipo =
+        enumerado<TipoObjeto>(o.value(QStringLiteral("Tipo")).toString(QStringLiteral("texto")),
+                              {{QStringLiteral("campo"), TipoObjeto::Campo},
+                               {QStringLiteral("formula"), TipoObjeto::Formula},
+                               {QStringLiteral("texto"), TipoObjeto::Texto},
+                               {QStringLiteral("especial"), TipoObjeto::Especial},
+                               {QStringLiteral("caja"), TipoObjeto::Caja},
+                               {QStringLiteral("linea"), TipoObjeto::Linea},
+                               {QStringLiteral("imagen"), TipoObjeto::Imagen}},
+                              QStringLiteral("objeto"));
     r.Suppress = o.value(QStringLiteral("Suppress")).toBool(false);
     r.Left = o.value(QStringLiteral("Left")).toInt();
     r.Top = o.value(QStringLiteral("Top")).toInt();

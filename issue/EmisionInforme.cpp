@@ -6,10 +6,9 @@
 #include "SqlFacturas.h"
 
 #include <ErrorBd.h>
-#include <VKFACVENTAS.h>
-
 #include <QFileInfo>
 #include <QPdfWriter>
+#include <VKFACVENTAS.h>
 
 namespace vk {
 
@@ -114,8 +113,8 @@ void AplicaOpcionesFactura(informe::Reporte& r, BdSesion& bd, const EmpresaEmisi
     suprime(r, QStringLiteral("LavBulto1"), !bultos);
     if (informe::ObjetoInforme* d = r.BuscaObjeto(QStringLiteral("LiteralDescripcion1"))) {
         d->Width = bultos ? r.AnchoDescripcionConBultos : r.AnchoDescripcionSinBultos;
-        d->HorAlignment = entero(bd, "Par_Justificar") == 1 ? informe::crJustified
-                                                            : informe::crLeftAlign;
+        d->HorAlignment =
+            entero(bd, "Par_Justificar") == 1 ? informe::crJustified : informe::crLeftAlign;
     }
     formula(r, QStringLiteral("bControlLotes"),
             entero(bd, "Par_Lotes") == 0 ? QStringLiteral("False") : QStringLiteral("True"));
@@ -160,9 +159,8 @@ void AplicaOpcionesFactura(informe::Reporte& r, BdSesion& bd, const EmpresaEmisi
     r.ReportTitle = r.ReportTitle.isEmpty() ? QStringLiteral("Facturas") : r.ReportTitle;
 }
 
-QString RenderizaFacturasPdf(BdSesion& bd, const QVector<qint32>& ids,
-                             const QString& nombreReporte, const QString& ficheroPdf,
-                             const OpcionesInforme& opciones) {
+QString RenderizaFacturasPdf(BdSesion& bd, const QVector<qint32>& ids, const QString& nombreReporte,
+                             const QString& ficheroPdf, const OpcionesInforme& opciones) {
     const Recordset rs = LeeFilasFacturas(bd, ids);
     if (rs.RecordCount() == 0) {
         return {};
@@ -173,16 +171,21 @@ QString RenderizaFacturasPdf(BdSesion& bd, const QVector<qint32>& ids,
         r->DiscardSavedData();
     }
     r->Database.Tables.Item(1).SetDataSource(rs, 3);
+    EscribePdf(*r, ficheroPdf);
+    return ficheroPdf;
+}
 
-    QPdfWriter pdf(ficheroPdf);
-    pdf.setResolution(600);
-    pdf.setTitle(r->ReportTitle);
-    pdf.setCreator(QStringLiteral("vkfactuven"));
-    informe::RenderizaInforme(*r, pdf);
+void EscribePdf(informe::Reporte& reporte, const QString& ficheroPdf) {
+    {
+        QPdfWriter pdf(ficheroPdf);
+        pdf.setResolution(600);
+        pdf.setTitle(reporte.ReportTitle);
+        pdf.setCreator(QStringLiteral("vkfactuven"));
+        informe::RenderizaInforme(reporte, pdf);
+    }
     if (!QFileInfo(ficheroPdf).exists()) {
         throw ErrorBd(QStringLiteral("No se ha podido escribir el fichero %1.").arg(ficheroPdf));
     }
-    return ficheroPdf;
 }
 
 } // namespace vk

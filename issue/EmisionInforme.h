@@ -5,7 +5,6 @@
 #include "Reporte.h"
 
 #include <BdSesion.h>
-
 #include <QString>
 #include <QVector>
 
@@ -35,12 +34,15 @@ struct OpcionesInforme {
 void AplicaOpcionesFactura(informe::Reporte& reporte, BdSesion& bd, const EmpresaEmision& empresa,
                            const OpcionesInforme& opciones);
 
+// Paints the bound report into a PDF file; throws ErrorBd when it cannot be
+// written.
+void EscribePdf(informe::Reporte& reporte, const QString& ficheroPdf);
+
 // The invoices of `ids` through the design `nombreReporte` into the PDF file.
 // Returns the file written, or an empty text when the ids find no rows (an
 // empty list, or invoices without notes), when nothing is written. Throws
 // ErrorBd on a database, design or file error.
-QString RenderizaFacturasPdf(BdSesion& bd, const QVector<qint32>& ids,
-                             const QString& nombreReporte, const QString& ficheroPdf,
-                             const OpcionesInforme& opciones = {});
+QString RenderizaFacturasPdf(BdSesion& bd, const QVector<qint32>& ids, const QString& nombreReporte,
+                             const QString& ficheroPdf, const OpcionesInforme& opciones = {});
 
 } // namespace vk

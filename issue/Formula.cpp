@@ -2,7 +2,6 @@
 
 #include <ErrorBd.h>
 #include <Formato.h>
-
 #include <QVariantList>
 
 namespace vk::informe {
@@ -57,8 +56,8 @@ private:
                 return x.typeId() != QMetaType::QString && x.typeId() != QMetaType::Bool &&
                        x.canConvert<double>();
             };
-            const bool numeros = (numero(v) || numero(w)) && (numero(v) || v.isNull()) &&
-                                 (numero(w) || w.isNull());
+            const bool numeros =
+                (numero(v) || numero(w)) && (numero(v) || v.isNull()) && (numero(w) || w.isNull());
             if (numeros) {
                 v = v.toDouble() + w.toDouble();
             } else {

@@ -4,7 +4,6 @@
 
 #include <ErrorBd.h>
 #include <Formato.h>
-
 #include <QDate>
 #include <QFontMetricsF>
 #include <QImage>
@@ -13,14 +12,15 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QRegularExpression>
-
 #include <cmath>
 
 namespace vk::informe {
 
 namespace {
 
-bool mismo(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+bool mismo(const QString& a, const QString& b) {
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
 
 struct InfoPagina {
     int numero = 1;
@@ -57,7 +57,9 @@ private:
     int fila_;
 };
 
-QColor qcolor(int c) { return QColor((c >> 16) & 0xff, (c >> 8) & 0xff, c & 0xff); }
+QColor qcolor(int c) {
+    return QColor((c >> 16) & 0xff, (c >> 8) & 0xff, c & 0xff);
+}
 
 QFont qfont(const Fuente& f) {
     QFont q(f.familia);
@@ -94,7 +96,9 @@ private:
         return condicion.trimmed().isEmpty() ||
                EsVerdadero(EvaluaFormula(condicion, Contexto(d_, r_.FormulaFields, fila)));
     }
-    bool visible(const Seccion& s, int fila) const { return !s.Suppress && visible(s.VisibleSi, fila); }
+    bool visible(const Seccion& s, int fila) const {
+        return !s.Suppress && visible(s.VisibleSi, fila);
+    }
     bool visible(const ObjetoInforme& o, int fila) const {
         return !o.Suppress && visible(o.VisibleSi, fila);
     }
@@ -122,8 +126,8 @@ private:
 
     // --- painting ---
     void pinta(QPainter& p, const Colocada& c, const InfoPagina& info) const;
-    void pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0,
-                     int extra, const InfoPagina& info) const;
+    void pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0, int extra,
+                     const InfoPagina& info) const;
 
     Reporte& r_;
     const DatosInforme& d_;
@@ -218,7 +222,9 @@ QString Maquetador::texto(const ObjetoInforme& o, int fila, const InfoPagina& p)
     if (o.CompactaBlancos) {
         static const QRegularExpression blancos(QStringLiteral("[ \\t]+"));
         static const QRegularExpression finales(QStringLiteral(" *\\n *"));
-        t = t.replace(blancos, QStringLiteral(" ")).replace(finales, QStringLiteral("\n")).trimmed();
+        t = t.replace(blancos, QStringLiteral(" "))
+                .replace(finales, QStringLiteral("\n"))
+                .trimmed();
     }
     return t;
 }
@@ -258,8 +264,8 @@ int Maquetador::alto(const Seccion& s, int fila) const {
         }
         const QFontMetricsF fm(qfont(o.Font), &dev_);
         const double ancho = (o.Width - 2 * relleno(o)) * k_;
-        const QRectF caja = fm.boundingRect(QRectF(0, 0, ancho, 1e7),
-                                            banderas(o, valor(o, fila, info)), t);
+        const QRectF caja =
+            fm.boundingRect(QRectF(0, 0, ancho, 1e7), banderas(o, valor(o, fila, info)), t);
         const int necesario = static_cast<int>(std::ceil(caja.height() / k_));
         extra = std::max(extra, necesario - o.Height);
     }
@@ -371,7 +377,8 @@ ResultadoRender Maquetador::Ejecuta() {
         } else {
             for (int n = 1; n <= niveles; ++n) {
                 const size_t c = static_cast<size_t>(columnas[static_cast<size_t>(n - 1)]);
-                if (d_.filas[static_cast<size_t>(i)][c] != d_.filas[static_cast<size_t>(i - 1)][c]) {
+                if (d_.filas[static_cast<size_t>(i)][c] !=
+                    d_.filas[static_cast<size_t>(i - 1)][c]) {
                     cambio = n;
                     break;
                 }
@@ -410,8 +417,8 @@ ResultadoRender Maquetador::Ejecuta() {
 
     QPainter p;
     if (!p.begin(&dev_)) {
-        throw ErrorBd(QStringLiteral("No se puede dibujar el informe %1 en el destino.")
-                          .arg(r_.Name));
+        throw ErrorBd(
+            QStringLiteral("No se puede dibujar el informe %1 en el destino.").arg(r_.Name));
     }
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::TextAntialiasing);
@@ -435,8 +442,7 @@ ResultadoRender Maquetador::Ejecuta() {
         }
         for (const Colocada& c : pag.items) {
             pinta(p, c, info);
-            res.colocadas.push_back(
-                {c.s->Name, c.fila, static_cast<int>(i), c.top, c.alto});
+            res.colocadas.push_back({c.s->Name, c.fila, static_cast<int>(i), c.top, c.alto});
         }
         int y = r_.AltoPapel - r_.BottomMargin - altoPie();
         for (const Seccion* s : deTipo(TipoSeccion::PiePagina)) {
@@ -496,8 +502,8 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
     case TipoObjeto::Imagen: {
         const QImage img(valor(o, fila, info).toString());
         if (!img.isNull()) {
-            const QImage escalada = img.scaled(r.size().toSize(), Qt::KeepAspectRatio,
-                                               Qt::SmoothTransformation);
+            const QImage escalada =
+                img.scaled(r.size().toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
             p.drawImage(QPointF(r.left(), r.top()), escalada);
         }
         return;

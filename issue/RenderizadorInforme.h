@@ -12,7 +12,7 @@ namespace vk::informe {
 // Where each section instance went: for tests and the preview's page count.
 struct SeccionColocada {
     QString seccion;
-    int fila = -1; // row of the saved data it was printed with
+    int fila = -1;  // row of the saved data it was printed with
     int pagina = 0; // 0-based
     int top = 0;    // twips from the paper's top edge
     int alto = 0;

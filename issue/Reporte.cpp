@@ -1,7 +1,6 @@
 #include "Reporte.h"
 
 #include <ErrorBd.h>
-
 #include <algorithm>
 #include <numeric>
 
@@ -101,7 +100,9 @@ int DatosInforme::indice(const QString& columna) const {
     return -1;
 }
 
-void TablaInforme::SetDataSource(const Recordset& rs, int) { origen_ = rs; }
+void TablaInforme::SetDataSource(const Recordset& rs, int) {
+    origen_ = rs;
+}
 
 TablaInforme& TablasInforme::Item(int indice) {
     if (indice != 1) {
@@ -151,9 +152,8 @@ void Reporte::ReadRecords() {
     for (const Grupo& g : Grupos) {
         const int c = d.indice(g.Campo);
         if (c < 0) {
-            throw ErrorBd(
-                QStringLiteral("El informe %1 agrupa por %2, que no está en los datos.")
-                    .arg(Name, g.Campo));
+            throw ErrorBd(QStringLiteral("El informe %1 agrupa por %2, que no está en los datos.")
+                              .arg(Name, g.Campo));
         }
         columnasGrupo.push_back(c);
     }

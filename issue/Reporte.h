@@ -7,11 +7,10 @@
 // RenderizadorInforme's business.
 #pragma once
 
-#include <Recordset.h>
-
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <Recordset.h>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -65,9 +64,9 @@ public:
     QString Texto;
     // A mask of Format ("#,##0.00", "dd/mm/yyyy"), or "moneda" for "1.234,56 €".
     QString Formato;
-    bool CanGrow = false;          // wraps and lets its section grow
-    bool SuprimeSiCero = false;    // blank when the value is 0 or empty
-    bool CompactaBlancos = false;  // runs of blanks become one (composed addresses)
+    bool CanGrow = false;         // wraps and lets its section grow
+    bool SuprimeSiCero = false;   // blank when the value is 0 or empty
+    bool CompactaBlancos = false; // runs of blanks become one (composed addresses)
     // An expression; the object shows only when it is true (EsVerdadero).
     QString VisibleSi;
 };

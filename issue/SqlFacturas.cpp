@@ -46,14 +46,12 @@ QString direccionRegistrada() {
 } // namespace
 
 QString fnSqlFacturas(BdSesion& bd) {
-    const bool pesoDelAlbaran =
-        bd.Parametros().Existe(QStringLiteral("PAR_MALBPESO")) &&
-        bd.Parametros().Item(QStringLiteral("PAR_MALBPESO")).Entero() != 0;
+    const bool pesoDelAlbaran = bd.Parametros().Existe(QStringLiteral("PAR_MALBPESO")) &&
+                                bd.Parametros().Item(QStringLiteral("PAR_MALBPESO")).Entero() != 0;
     QStringList c;
-    c << QStringLiteral(
-        "Fav.Fav_Id, Fav.Fav_IdDir, Fav.Fav_Serie, Fav.Fav_Numero, Fav.Fav_Fecha, "
-        "Fav.fav_idcli AS Fav_IdCli, Fav.Fav_Total, Fav.Fav_Bruto, Fav.Fav_Dto1, "
-        "Fav.Fav_ImpDto1, Fav.Fav_Bruto1, Fav.Fav_Dto2, Fav.Fav_ImpDto2");
+    c << QStringLiteral("Fav.Fav_Id, Fav.Fav_IdDir, Fav.Fav_Serie, Fav.Fav_Numero, Fav.Fav_Fecha, "
+                        "Fav.fav_idcli AS Fav_IdCli, Fav.Fav_Total, Fav.Fav_Bruto, Fav.Fav_Dto1, "
+                        "Fav.Fav_ImpDto1, Fav.Fav_Bruto1, Fav.Fav_Dto2, Fav.Fav_ImpDto2");
     for (int i = 1; i <= 3; ++i) {
         c << QStringLiteral("Fav.Fav_BIva%1, Fav.Fav_Iva%1, Fav.Fav_ImpIva%1, Fav.Fav_Rec%1, "
                             "Fav.Fav_ImpRec%1")
@@ -120,11 +118,11 @@ Recordset LeeFilasFacturas(BdSesion& bd, const QVector<qint32>& ids) {
     for (const qint32 id : ids) {
         params << id;
     }
-    const QString sql = fnSqlFacturas(bd) +
-                        QStringLiteral(" WHERE Fav.Fav_Id IN (%1) ORDER BY Cav.Cav_Fecha, "
-                                       "Cav.Cav_Serie, Cav.Cav_Numero, Lav.Lav_Orden")
-                            .arg(QStringList(params.size(), QStringLiteral("?"))
-                                     .join(QStringLiteral(", ")));
+    const QString sql =
+        fnSqlFacturas(bd) +
+        QStringLiteral(" WHERE Fav.Fav_Id IN (%1) ORDER BY Cav.Cav_Fecha, "
+                       "Cav.Cav_Serie, Cav.Cav_Numero, Lav.Lav_Orden")
+            .arg(QStringList(params.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
     return bd.cn().Execute(sql, params);
 }
 

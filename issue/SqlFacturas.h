@@ -3,7 +3,6 @@
 #pragma once
 
 #include <BdSesion.h>
-
 #include <QString>
 #include <QVector>
 

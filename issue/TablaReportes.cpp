@@ -107,7 +107,8 @@ QString fnNombreReporte(const EleccionReporte& e) {
     case 14:
         return QStringLiteral("CrFacturaGeneralLogo4");
     case 16:
-        return es("PLT39") ? QStringLiteral("CrFacturaCalzado1") : QStringLiteral("CrFacturaCalzado");
+        return es("PLT39") ? QStringLiteral("CrFacturaCalzado1")
+                           : QStringLiteral("CrFacturaCalzado");
     case 19:
         return QStringLiteral("CrFacturaGeneralLEFT");
     default:

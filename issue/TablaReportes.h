@@ -3,14 +3,13 @@
 #pragma once
 
 #include <QString>
-
 #include <optional>
 
 namespace vk {
 
 struct LayoutTexto {
-    QString nombre;    // the layout's procedure, e.g. "msFacturaSpoolPlt10"
-    bool terminaRun;   // false only for PLT15, which goes on to the report
+    QString nombre;  // the layout's procedure, e.g. "msFacturaSpoolPlt10"
+    bool terminaRun; // false only for PLT15, which goes on to the report
 };
 
 // The text layout of a template key on design 6 and the printer; nothing

@@ -37,26 +37,16 @@ const std::array<OpcionPapel, 10> kOpciones{{
 
 const QStringList& DisenosFactura() {
     static const QStringList disenos{
-        QStringLiteral("General"),
-        QStringLiteral("Personalizado"),
-        QStringLiteral("General Logo"),
-        QStringLiteral("General Logo 2"),
-        QStringLiteral("Automoción"),
-        QStringLiteral("Plantilla"),
-        QStringLiteral("Matricial"),
-        QStringLiteral("Plantilla Obras"),
-        QStringLiteral("General Logo 3"),
-        QStringLiteral("P.Obras Retención"),
-        QStringLiteral("Medidas"),
-        QStringLiteral("Plantilla Obras sín códigos"),
-        QStringLiteral("Servicios 1"),
-        QStringLiteral("Alimentacion 1"),
-        QStringLiteral("General Logo 4"),
-        QStringLiteral("General (Obs. Albaranes)"),
-        QStringLiteral("Calzado"),
-        QStringLiteral("Retencion"),
-        QStringLiteral("Transportes"),
-        QStringLiteral("General Izquierda"),
+        QStringLiteral("General"),        QStringLiteral("Personalizado"),
+        QStringLiteral("General Logo"),   QStringLiteral("General Logo 2"),
+        QStringLiteral("Automoción"),     QStringLiteral("Plantilla"),
+        QStringLiteral("Matricial"),      QStringLiteral("Plantilla Obras"),
+        QStringLiteral("General Logo 3"), QStringLiteral("P.Obras Retención"),
+        QStringLiteral("Medidas"),        QStringLiteral("Plantilla Obras sín códigos"),
+        QStringLiteral("Servicios 1"),    QStringLiteral("Alimentacion 1"),
+        QStringLiteral("General Logo 4"), QStringLiteral("General (Obs. Albaranes)"),
+        QStringLiteral("Calzado"),        QStringLiteral("Retencion"),
+        QStringLiteral("Transportes"),    QStringLiteral("General Izquierda"),
     };
     return disenos;
 }
@@ -104,6 +94,8 @@ void frmEmisionFacturas::cmdEmitir() {
     }
 }
 
-void frmEmisionFacturas::cmdSalir() { nDisenoEmision = -1; }
+void frmEmisionFacturas::cmdSalir() {
+    nDisenoEmision = -1;
+}
 
 } // namespace vk

@@ -4,10 +4,8 @@
 #pragma once
 
 #include <Interaccion.h>
-
 #include <QString>
 #include <QStringList>
-
 #include <array>
 
 namespace vk {

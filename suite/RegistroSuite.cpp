@@ -2,10 +2,13 @@
 
 #include "TesoreriaIncorporada.h"
 
+#include <VKCRFACTURAS.h>
+
 namespace vk::suite {
 
 void RegistraComponentesSuite() {
     RegistraTesoreria();
+    RegistraEmision();
 }
 
 } // namespace vk::suite

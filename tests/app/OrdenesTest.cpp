@@ -2,6 +2,7 @@
 #include "BasePrueba.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -123,10 +124,6 @@ TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
     Salida s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db});
     EXPECT_NE(s.codigo, 0);
     EXPECT_TRUE(s.texto.contains(QStringLiteral("Falta Fecha Factura"))) << s.texto.toStdString();
-    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
-                 QStringLiteral("20/11/2026"), QStringLiteral("--salida"), QStringLiteral("pdf")});
-    EXPECT_NE(s.codigo, 0);
-    EXPECT_TRUE(s.texto.contains(QStringLiteral("La emisión de facturas no está disponible")));
     EXPECT_EQ(facturas(), 0);
 
     s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
@@ -155,6 +152,24 @@ TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
     EXPECT_TRUE(s.texto.contains(QStringLiteral(
         "No existen albaranes pendientes de facturar entre los datos seleccionados")));
     EXPECT_EQ(facturas(), hechas);
+
+    // Every invoice to its own PDF file, named by its number.
+    QTemporaryDir pdf;
+    s = ejecuta({QStringLiteral("emitir"), QStringLiteral("--db"), db, QStringLiteral("--serie"),
+                 QStringLiteral("A"), QStringLiteral("--desde"), QStringLiteral("1"),
+                 QStringLiteral("--hasta"), QString::number(hechas), QStringLiteral("--pdf"),
+                 pdf.path()});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    for (qint64 n = 1; n <= hechas; ++n) {
+        const QString fichero = QDir(pdf.path()).filePath(QStringLiteral("F_%1.pdf").arg(n));
+        EXPECT_TRUE(QFileInfo(fichero).size() > 1000) << fichero.toStdString();
+    }
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Ficheros PDF escritos: %1.").arg(hechas)));
+    s = ejecuta({QStringLiteral("emitir"), QStringLiteral("--db"), db, QStringLiteral("--serie"),
+                 QStringLiteral("Z"), QStringLiteral("--desde"), QStringLiteral("1"),
+                 QStringLiteral("--pdf"), pdf.path()});
+    EXPECT_NE(s.codigo, 0);
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("No hay facturas de la serie Z")));
 }
 
 // The demo company lives on SQLite in a folder by definition; the commands it

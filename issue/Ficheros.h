@@ -1,0 +1,24 @@
+// Small file helpers of the issue: the installation's data folder, the
+// per-user working folder, and opening a file with the desktop's program.
+#pragma once
+
+#include <QString>
+
+namespace vk {
+
+// The installation's data folder (VKFACTUVEN_DATOS, default
+// ~/.local/share/vkfactuven), created when missing.
+QString fnCarpetaDatos();
+
+// The per-user working folder "FDOC" + user id inside the data folder;
+// the data folder itself when it cannot be created.
+QString fnCarpetaFdoc(int idUsuario);
+
+bool fnExisteFichero(const QString& fichero);
+
+// Opens the file with the desktop's program. Throws ErrorBd with the legacy
+// text of the failure ("File not found", "No application is associated with
+// this file type." ...).
+bool fnAbreFichero(const QString& fichero);
+
+} // namespace vk

@@ -1,0 +1,23 @@
+// The report loader of the suite, created by name: given a report name it
+// returns the loaded report design, ready for options and data.
+#pragma once
+
+#include "Reporte.h"
+
+#include <Componentes.h>
+#include <memory>
+
+namespace vk {
+
+class VKCRFACTURAS : public Componente {
+public:
+    static constexpr const char* kProgId = "VKCRFAV.VKCRFACTURAS";
+    QString VKReportName;
+    virtual std::unique_ptr<informe::Reporte> Reporte() = 0;
+};
+
+// Registers the built-in loader (designs by name: the installation's, then the
+// built-in ones) and the issue dispatcher.
+void RegistraEmision();
+
+} // namespace vk

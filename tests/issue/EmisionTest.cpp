@@ -1,0 +1,162 @@
+// The issue dispatcher as the invoicing screens call it: the preamble, the
+// withholding scan, the choice of report, the PDF route and the failure exit.
+#include "EmpresaPrueba.h"
+
+#include <EmpresaDemo.h>
+#include <MensajesEmision.h>
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <RegistroSuite.h>
+#include <frmEmisionFacturas.h>
+
+namespace vk::prueba {
+namespace {
+
+const QDate kHoy(2026, 3, 10);
+
+QString textoPdf(const QString& fichero) {
+    QProcess p;
+    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), fichero, QStringLiteral("-")});
+    p.waitForFinished(30000);
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+class Emision : public PruebaMotores {
+protected:
+    void SetUp() override {
+        suite::RegistraComponentesSuite();
+        e = std::make_unique<EmpresaPrueba>(GetParam());
+        e->parametro(QStringLiteral("PAR_NOMBRE"), QStringLiteral("Suministros Albufera, S.L."));
+        e->parametro(QStringLiteral("Par_PrnEmp"), 1);
+        e->factura().Tipo_Emision = 2;
+        e->factura().RutaFicheroPdf = dir.path();
+    }
+    // An invoice of one note, calculated and saved; withholding when regime 3.
+    qint32 factura(int regimen) {
+        const qint32 c = e->cliente({.regimen = regimen});
+        const qint32 id =
+            e->nuevaFactura(c, kHoy, {e->albaran(c, kHoy, regimen, {{100, regimen, 1}})});
+        e->factura().CalculoTotalesFactura();
+        EXPECT_TRUE(e->factura().GrabaFactura());
+        e->ui().vistos.clear(); // the first number's dialog is not the issue's
+        return id;
+    }
+    QStringList errores() {
+        QStringList r;
+        for (const auto& m : e->ui().vistos) {
+            if (m.titulo == mensajes::kAccionCancelada) {
+                r << m.texto;
+            }
+        }
+        return r;
+    }
+    QTemporaryDir dir;
+    std::unique_ptr<EmpresaPrueba> e;
+};
+
+TEST_P(Emision, PdfRouteWritesTheFileOfTheFirstNumber) {
+    const qint32 a = factura(1);
+    const qint32 b = factura(1);
+    VKFACVENTAS& f = e->factura();
+    const QString fichero = f.CreatePdf(a);
+    EXPECT_EQ(fichero, QDir(dir.path()).filePath(QStringLiteral("F_1.pdf")));
+    ASSERT_TRUE(QFileInfo::exists(fichero));
+    const QString texto = textoPdf(fichero);
+    EXPECT_TRUE(texto.contains(QStringLiteral("Suministros Albufera, S.L.")));
+    EXPECT_TRUE(texto.contains(QStringLiteral("121,00"))) << texto.toStdString();
+    // Several ids in one run: one document under the number of its first row.
+    f.PdfOutFile.clear();
+    f.EmisionMultiplesFacturas(0, true, {b, a}, true);
+    EXPECT_EQ(QFileInfo(f.PdfOutFile).fileName(), QStringLiteral("F_1.pdf"));
+    EXPECT_TRUE(errores().isEmpty()) << errores().join(QLatin1Char('\n')).toStdString();
+    // Without a folder of its own, the user's working folder.
+    f.RutaFicheroPdf = QStringLiteral("C:");
+    qputenv("VKFACTUVEN_DATOS", dir.filePath(QStringLiteral("datos")).toUtf8());
+    EXPECT_EQ(f.CreatePdf(a), dir.filePath(QStringLiteral("datos/FDOC1/F_1.pdf")));
+    qunsetenv("VKFACTUVEN_DATOS");
+}
+
+TEST_P(Emision, OneWithholdingTurnsTheRunIntoTheWithholdingReportForThisRunOnly) {
+    const qint32 normal = factura(1);
+    const qint32 conRetencion = factura(3);
+    VKFACVENTAS& f = e->factura();
+    f.EmisionMultiplesFacturas(0, true, {normal, conRetencion});
+    EXPECT_TRUE(errores().isEmpty()) << errores().join(QLatin1Char('\n')).toStdString();
+    const QString texto = textoPdf(f.PdfOutFile);
+    EXPECT_TRUE(texto.contains(QStringLiteral("Retención"))) << texto.toStdString();
+    // Back to the stored value after the run.
+    EXPECT_EQ(e->bd().Parametros().Item(QStringLiteral("Par_RegFiscal")).Entero(), 1);
+}
+
+TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
+    const qint32 id = factura(1);
+    VKFACVENTAS& f = e->factura();
+    e->parametro(QStringLiteral("Par_PeDiFact"), 1);
+    // Forced: no dialog.
+    EXPECT_FALSE(f.CreatePdf(id).isEmpty());
+    EXPECT_TRUE(e->ui().vistos.empty());
+    // Not forced: the dialog; closing it ends the run and reloads the parameters.
+    e->bd().Parametros().Item(QStringLiteral("Par_TopMarg")).setValue(99);
+    f.PdfOutFile.clear();
+    f.EmisionMultiplesFacturas(0, true, {id});
+    ASSERT_EQ(e->ui().vistos.size(), 1u);
+    EXPECT_EQ(e->ui().vistos[0].texto, QStringLiteral("frmEmisionFacturas"));
+    EXPECT_TRUE(f.PdfOutFile.isEmpty());
+    EXPECT_EQ(e->bd().Parametros().Item(QStringLiteral("Par_TopMarg")).Entero(), 0);
+    // Accepted with a design: it stays in the cached parameters.
+    e->ui().dialogos.push_back([](DialogoModelo& d) {
+        auto& dialogo = dynamic_cast<frmEmisionFacturas&>(d);
+        dialogo.cmbDisenoIndex = 19;
+        dialogo.cmdEmitir();
+        return true;
+    });
+    f.EmisionMultiplesFacturas(0, true, {id});
+    EXPECT_EQ(e->bd().Parametros().Item(QStringLiteral("Par_DiseñoFactura")).Entero(), 19);
+}
+
+TEST_P(Emision, OriginOtherThanZeroSkipsTheFamiliesAndTheTextRoute) {
+    const qint32 id = factura(1);
+    VKFACVENTAS& f = e->factura();
+    e->parametro(QStringLiteral("Par_DiseñoFactura"), 5); // the works family
+    f.CreatePdf(id);
+    ASSERT_EQ(errores().size(), 1);
+    EXPECT_TRUE(errores()[0].startsWith(mensajes::kErrorEmitiendo + QLatin1Char('\n')));
+    e->ui().vistos.clear();
+    f.PdfOutFile.clear();
+    f.EmisionMultiplesFacturas(0, true, {id}, true, 1);
+    EXPECT_TRUE(errores().isEmpty());
+    EXPECT_TRUE(QFileInfo::exists(f.PdfOutFile));
+    // Design 6 on the printer with a text key needs its text layout; by
+    // origin 1 it is not reached.
+    e->parametro(QStringLiteral("Par_DiseñoFactura"), 6);
+    e->parametro(QStringLiteral("PAR_PLANTILLA_FAC"), QStringLiteral("plt10"));
+    f.Tipo_Emision = 1;
+    f.EmisionMultiplesFacturas(0, true, {id}, true, 0);
+    ASSERT_EQ(errores().size(), 1);
+    EXPECT_TRUE(errores()[0].contains(QStringLiteral("msFacturaSpoolPlt10")));
+}
+
+TEST_P(Emision, EmptyOrUnknownIdsEndSilentlyAndMailIsRefused) {
+    VKFACVENTAS& f = e->factura();
+    f.EmisionMultiplesFacturas(0, true, {});
+    f.EmisionMultiplesFacturas(0, true, {999});
+    EXPECT_TRUE(e->ui().vistos.empty());
+    EXPECT_TRUE(f.PdfOutFile.isEmpty());
+    const qint32 id = factura(1);
+    f.Tipo_Emision = 3;
+    f.CreatePdf(id);
+    ASSERT_EQ(errores().size(), 1);
+    EXPECT_EQ(errores()[0],
+              mensajes::kErrorEmitiendo + QLatin1Char('\n') + mensajes::kCorreoNoDisponible);
+    // A route above 3 delivers nothing.
+    e->ui().vistos.clear();
+    f.Tipo_Emision = 4;
+    EXPECT_TRUE(f.CreatePdf(id).isEmpty());
+    EXPECT_TRUE(e->ui().vistos.empty());
+}
+
+VK_EN_AMBOS_MOTORES(Emision);
+
+} // namespace
+} // namespace vk::prueba
