@@ -59,7 +59,13 @@ public:
 
 } // namespace
 
-int OrdenEmitir(const QStringList& args, QTextStream& out) {
+int OrdenEmitir(const QStringList& argumentos, QTextStream& out) {
+    // "--impresora COLA": the queue is optional, so it becomes "--cola COLA".
+    QStringList args = argumentos;
+    const qsizetype i = args.indexOf(QStringLiteral("--impresora"));
+    if (i >= 0 && i + 1 < args.size() && !args[i + 1].startsWith(QLatin1String("--"))) {
+        args.insert(i + 1, QStringLiteral("--cola"));
+    }
     const Argumentos a(args,
                        {QStringLiteral("--db"), QStringLiteral("--serie"),
                         QStringLiteral("--desde"), QStringLiteral("--hasta"),
@@ -77,8 +83,8 @@ int OrdenEmitir(const QStringList& args, QTextStream& out) {
     const bool impresora = a.bandera(QStringLiteral("--impresora"));
     const bool pantalla = a.bandera(QStringLiteral("--pantalla"));
     if (int(carpeta.has_value()) + int(impresora) + int(pantalla) != 1) {
-        throw ErrorUso(QStringLiteral("Indique una salida: --pdf CARPETA, --impresora [--cola "
-                                      "COLA] o --pantalla."));
+        throw ErrorUso(QStringLiteral("Indique una salida: --pdf CARPETA, --impresora [COLA] o "
+                                      "--pantalla."));
     }
 
     suite::RegistraComponentesSuite();

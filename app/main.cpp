@@ -26,7 +26,7 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
            [--serie-albaran S] [--incluir-cero] [--no-agrupar-agentes]
            [--salida ninguna|pdf|impresora|pantalla] [--copias N] [--db DB]
                              factura todos los albaranes pendientes, una factura por grupo
-  emitir --serie S --desde N [--hasta N] (--pdf CARPETA | --impresora [--cola COLA] | --pantalla)
+  emitir --serie S --desde N [--hasta N] (--pdf CARPETA | --impresora [COLA] | --pantalla)
          [--copia] [--albaranes] [--diseno N] [--db DB]
                              emite esas facturas por el diseño de la empresa (o el indicado)
 

@@ -80,6 +80,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
 
     // Preamble.
     if (!bForce) {
+        msRegistraDisenos();
         f.prnEmp = static_cast<qint16>(par.Item(QStringLiteral("Par_prnEmp")).Entero());
         if (par.Item(QStringLiteral("Par_PeDiFact")).Entero() == 1 && nOrigen == 0) {
             nDisenoEmision = -1;

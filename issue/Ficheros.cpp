@@ -27,9 +27,25 @@ bool fnExisteFichero(const QString& fichero) {
     return QFileInfo::exists(fichero);
 }
 
+void msRegistraDisenos() {
+    const QFileInfo disenos(QDir(fnCarpetaDatos()).filePath(QStringLiteral("disenos")));
+    if (disenos.exists() && (!disenos.isDir() || !disenos.isReadable())) {
+        throw ErrorBd(
+            QStringLiteral("No se puede leer la carpeta de diseños %1.").arg(disenos.filePath()));
+    }
+}
+
 bool fnAbreFichero(const QString& fichero) {
-    if (!fnExisteFichero(fichero)) {
+    // The texts of the legacy error table, by the cause found here.
+    const QFileInfo info(fichero);
+    if (!info.dir().exists()) {
+        throw ErrorBd(QStringLiteral("Path not found"));
+    }
+    if (!info.exists()) {
         throw ErrorBd(QStringLiteral("File not found"));
+    }
+    if (!info.isReadable()) {
+        throw ErrorBd(QStringLiteral("Path/file access error"));
     }
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(fichero))) {
         throw ErrorBd(QStringLiteral("No application is associated with this file type."));

@@ -16,6 +16,10 @@ QString fnCarpetaFdoc(int idUsuario);
 
 bool fnExisteFichero(const QString& fichero);
 
+// There is nothing to register for the report engine: the step before an
+// issue checks that the installation's designs folder can be read.
+void msRegistraDisenos();
+
 // Opens the file with the desktop's program. Throws ErrorBd with the legacy
 // text of the failure ("File not found", "No application is associated with
 // this file type." ...).

@@ -2,7 +2,6 @@
 // replaces it, and designs that extend another.
 #include <DisenoInforme.h>
 #include <ErrorBd.h>
-
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -57,8 +56,9 @@ TEST_F(Disenos, BuiltInGeneralInvoiceCarriesTheNamesTheIssueCodeSets) {
 
 TEST_F(Disenos, InstallationFileReplacesOrExtendsTheBuiltIn) {
     // A whole design of the same name replaces the built-in one.
-    escribe(QStringLiteral("CrFacturasGeneral.json"),
-            R"({"Name":"CrFacturasGeneral","TopMargin":1000,"Sections":[{"Name":"D","Tipo":"detalle","Height":200}]})");
+    escribe(
+        QStringLiteral("CrFacturasGeneral.json"),
+        R"({"Name":"CrFacturasGeneral","TopMargin":1000,"Sections":[{"Name":"D","Tipo":"detalle","Height":200}]})");
     auto propio = CargaDiseno(QStringLiteral("CrFacturasGeneral"));
     EXPECT_EQ(propio->TopMargin, 1000);
     EXPECT_EQ(propio->Sections.Count(), 1);
@@ -83,8 +83,8 @@ TEST_F(Disenos, InstallationFileReplacesOrExtendsTheBuiltIn) {
     EXPECT_EQ(r->Sections.Item(QStringLiteral("GroupHeaderSection3")).Height, 330); // kept
     ObjetoInforme& d = r->Objeto(QStringLiteral("LiteralDescripcion1"));
     EXPECT_EQ(d.Left, 1300);
-    EXPECT_EQ(d.Width, 4850);   // kept
-    EXPECT_TRUE(d.CanGrow);     // kept
+    EXPECT_EQ(d.Width, 4850); // kept
+    EXPECT_TRUE(d.CanGrow);   // kept
     EXPECT_TRUE(d.Font.negrita);
     EXPECT_DOUBLE_EQ(d.Font.puntos, 8.5); // kept inside the font
     EXPECT_EQ(r->BuscaObjeto(QStringLiteral("CodArt1")), nullptr);
@@ -97,8 +97,10 @@ TEST_F(Disenos, InstallationFileReplacesOrExtendsTheBuiltIn) {
     // The new section sits right after the one it names.
     int i1 = -1, i3 = -1;
     for (int i = 1; i <= r->Sections.Count(); ++i) {
-        if (r->Sections.Item(i).Name == QLatin1String("DetailSection1")) i1 = i;
-        if (r->Sections.Item(i).Name == QLatin1String("DetailSection3")) i3 = i;
+        if (r->Sections.Item(i).Name == QLatin1String("DetailSection1"))
+            i1 = i;
+        if (r->Sections.Item(i).Name == QLatin1String("DetailSection3"))
+            i3 = i;
     }
     EXPECT_EQ(i3, i1 + 1);
 

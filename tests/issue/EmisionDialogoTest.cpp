@@ -14,7 +14,7 @@ TEST_P(DialogoEmision, OptionsLiveInMemoryUntilReloaded) {
     e.parametro(QStringLiteral("Par_DiseñoFactura"), 13);
     e.parametro(QStringLiteral("Par_PrnEmp"), 1);
     e.parametro(QStringLiteral("Par_PrnL1"), -1); // only 1 counts as ticked
-    e.parametro(QStringLiteral("Par_Flopd"), -1);  // a boolean: any true
+    e.parametro(QStringLiteral("Par_Flopd"), -1); // a boolean: any true
     frmEmisionFacturas d(e.factura());
     EXPECT_EQ(d.Caption, QStringLiteral("Emisión de facturas - Diseño de Factura"));
     ASSERT_EQ(d.cmbDiseno.size(), 20);

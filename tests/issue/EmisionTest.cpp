@@ -135,6 +135,19 @@ TEST_P(Emision, OriginOtherThanZeroSkipsTheFamiliesAndTheTextRoute) {
     f.EmisionMultiplesFacturas(0, true, {id}, true, 0);
     ASSERT_EQ(errores().size(), 1);
     EXPECT_TRUE(errores()[0].contains(QStringLiteral("msFacturaSpoolPlt10")));
+    // Origin 1 chooses its own design and never reaches the text route
+    // (to a file here: this machine has no printer).
+    e->ui().vistos.clear();
+    f.Tipo_Emision = 2;
+    f.PdfOutFile.clear();
+    f.EmisionMultiplesFacturas(0, true, {id}, true, 1);
+    EXPECT_TRUE(errores().isEmpty());
+    EXPECT_TRUE(QFileInfo::exists(f.PdfOutFile));
+    // Design 6 to a PDF file: the general report.
+    e->parametro(QStringLiteral("PAR_PLANTILLA_FAC"), QStringLiteral("PLT99"));
+    f.PdfOutFile.clear();
+    f.EmisionMultiplesFacturas(0, true, {id}, true, 0);
+    EXPECT_TRUE(QFileInfo::exists(f.PdfOutFile));
 }
 
 TEST_P(Emision, EmptyOrUnknownIdsEndSilentlyAndMailIsRefused) {

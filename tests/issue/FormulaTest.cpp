@@ -1,7 +1,6 @@
 // Formula texts as the issue code writes them and as the designs use them.
 #include <ErrorBd.h>
 #include <Formula.h>
-
 #include <QHash>
 #include <gtest/gtest.h>
 
@@ -65,7 +64,8 @@ TEST(Formula, FieldsFormulasConcatenationAndPieces) {
     v.campos[QStringLiteral("Fav_ImpIva1")] = 21.0;
     v.campos[QStringLiteral("FormaPago")] =
         QStringLiteral("Giro 30/60#20/12/2026  60,50 €#19/01/2027  60,50 €");
-    v.formulas[QStringLiteral("numero")] = QStringLiteral("{Fav.Fav_Serie} + '/' + Formato({Fav_Numero}, '00000')");
+    v.formulas[QStringLiteral("numero")] =
+        QStringLiteral("{Fav.Fav_Serie} + '/' + Formato({Fav_Numero}, '00000')");
     v.formulas[QStringLiteral("titulo")] = QStringLiteral("'Factura ' + {@numero}");
     v.formulas[QStringLiteral("bucle")] = QStringLiteral("{@bucle2}");
     v.formulas[QStringLiteral("bucle2")] = QStringLiteral("bucle");

@@ -2,10 +2,9 @@
 #include "PdfTexto.h"
 
 #include <ErrorBd.h>
-#include <RenderizadorInforme.h>
-
 #include <QPdfWriter>
 #include <QTemporaryDir>
+#include <RenderizadorInforme.h>
 #include <map>
 #include <set>
 
@@ -45,46 +44,57 @@ std::unique_ptr<Reporte> informe(int lineas) {
     r->Grupos.push_back({QStringLiteral("Factura"), QStringLiteral("fac"), true, true});
     r->FormulaFields.Agrega(QStringLiteral("titulo"), QStringLiteral("'Factura nº ' + {fac}"));
     Seccion cab = seccion(QStringLiteral("Cabecera"), TipoSeccion::CabeceraPagina, 400);
-    cab.Objetos.push_back(texto(QStringLiteral("Izq"), TipoObjeto::Texto, QStringLiteral("IZQUIERDA"), 0, 0, 3000));
-    cab.Objetos.push_back(texto(QStringLiteral("Der"), TipoObjeto::Texto, QStringLiteral("DERECHA"), 6000, 0, 3000));
-    cab.Objetos.push_back(texto(QStringLiteral("Oculto"), TipoObjeto::Texto, QStringLiteral("OCULTO"), 3000, 0, 3000));
+    cab.Objetos.push_back(
+        texto(QStringLiteral("Izq"), TipoObjeto::Texto, QStringLiteral("IZQUIERDA"), 0, 0, 3000));
+    cab.Objetos.push_back(
+        texto(QStringLiteral("Der"), TipoObjeto::Texto, QStringLiteral("DERECHA"), 6000, 0, 3000));
+    cab.Objetos.push_back(texto(QStringLiteral("Oculto"), TipoObjeto::Texto,
+                                QStringLiteral("OCULTO"), 3000, 0, 3000));
     cab.Objetos.back().Suppress = true;
     r->Sections.todas().push_back(cab);
     Seccion g = seccion(QStringLiteral("CabFactura"), TipoSeccion::CabeceraGrupo, 300,
                         QStringLiteral("Factura"));
     g.RepiteEnCadaPagina = true;
-    g.Objetos.push_back(texto(QStringLiteral("Titulo"), TipoObjeto::Formula, QStringLiteral("titulo"), 0, 0, 5000));
+    g.Objetos.push_back(
+        texto(QStringLiteral("Titulo"), TipoObjeto::Formula, QStringLiteral("titulo"), 0, 0, 5000));
     r->Sections.todas().push_back(g);
     Seccion d = seccion(QStringLiteral("Detalle"), TipoSeccion::Detalle, 250);
-    d.Objetos.push_back(texto(QStringLiteral("Des"), TipoObjeto::Campo, QStringLiteral("des"), 0, 0, 4000));
+    d.Objetos.push_back(
+        texto(QStringLiteral("Des"), TipoObjeto::Campo, QStringLiteral("des"), 0, 0, 4000));
     d.Objetos.back().CanGrow = true;
-    d.Objetos.push_back(texto(QStringLiteral("Imp"), TipoObjeto::Campo, QStringLiteral("imp"), 6000, 0, 2000));
+    d.Objetos.push_back(
+        texto(QStringLiteral("Imp"), TipoObjeto::Campo, QStringLiteral("imp"), 6000, 0, 2000));
     d.Objetos.back().Formato = QStringLiteral("#,##0.00");
     r->Sections.todas().push_back(d);
     Seccion nada = seccion(QStringLiteral("Suprimida"), TipoSeccion::Detalle, 250);
     nada.Suppress = true;
-    nada.Objetos.push_back(texto(QStringLiteral("X"), TipoObjeto::Texto, QStringLiteral("NUNCA"), 0, 0, 2000));
+    nada.Objetos.push_back(
+        texto(QStringLiteral("X"), TipoObjeto::Texto, QStringLiteral("NUNCA"), 0, 0, 2000));
     r->Sections.todas().push_back(nada);
-    Seccion tot = seccion(QStringLiteral("Totales"), TipoSeccion::PieGrupo, 400, QStringLiteral("Factura"));
+    Seccion tot =
+        seccion(QStringLiteral("Totales"), TipoSeccion::PieGrupo, 400, QStringLiteral("Factura"));
     tot.AlPie = true;
-    tot.Objetos.push_back(texto(QStringLiteral("T"), TipoObjeto::Texto, QStringLiteral("TOTALES"), 0, 0, 3000));
+    tot.Objetos.push_back(
+        texto(QStringLiteral("T"), TipoObjeto::Texto, QStringLiteral("TOTALES"), 0, 0, 3000));
     r->Sections.todas().push_back(tot);
     Seccion pie = seccion(QStringLiteral("Pie"), TipoSeccion::PiePagina, 300);
-    pie.Objetos.push_back(texto(QStringLiteral("Pag"), TipoObjeto::Especial, QStringLiteral("PageNofM"), 0, 0, 3000));
+    pie.Objetos.push_back(
+        texto(QStringLiteral("Pag"), TipoObjeto::Especial, QStringLiteral("PageNofM"), 0, 0, 3000));
     r->Sections.todas().push_back(pie);
 
     std::vector<std::vector<QVariant>> filas;
     for (int i = 1; i <= lineas; ++i) {
-        filas.push_back({7, QStringLiteral("Línea %1").arg(i, 3, 10, QLatin1Char('0')), 1234.5 * i});
+        filas.push_back(
+            {7, QStringLiteral("Línea %1").arg(i, 3, 10, QLatin1Char('0')), 1234.5 * i});
     }
     filas.insert(filas.begin() + lineas / 2, {3, QStringLiteral("Primera de la tres"), 1.0});
-    filas.push_back({3, QStringLiteral("Una descripción muy larga que no cabe en una sola línea del "
-                                       "detalle y tiene que partirse en varias líneas sin perder "
-                                       "ninguna palabra por el camino"),
+    filas.push_back({3,
+                     QStringLiteral("Una descripción muy larga que no cabe en una sola línea del "
+                                    "detalle y tiene que partirse en varias líneas sin perder "
+                                    "ninguna palabra por el camino"),
                      2.0});
-    r->Database.Tables.Item(1).SetDataSource(
-        Recordset({QStringLiteral("fac"), QStringLiteral("des"), QStringLiteral("imp")},
-                  std::move(filas)));
+    r->Database.Tables.Item(1).SetDataSource(Recordset(
+        {QStringLiteral("fac"), QStringLiteral("des"), QStringLiteral("imp")}, std::move(filas)));
     return r;
 }
 
@@ -118,7 +128,7 @@ TEST(Renderizador, LongInvoiceBreaksAcrossPagesWithEveryLineOnce) {
     }
     ASSERT_EQ(paginasDeFactura.size(), 2u);
     EXPECT_EQ(paginasDeFactura[3], std::set<int>{0}); // grouped ahead, one page
-    EXPECT_EQ(*paginasDeFactura[7].begin(), 1);      // starts a page of its own
+    EXPECT_EQ(*paginasDeFactura[7].begin(), 1);       // starts a page of its own
 
     const QString t = TextoPdf(fichero);
     const QStringList paginas = t.split(u'\f', Qt::SkipEmptyParts);
@@ -161,8 +171,8 @@ TEST(Renderizador, PositionsAndSuppressAreHonoured) {
     const QString fichero = dir.filePath(QStringLiteral("pos.pdf"));
     renderiza(*r, fichero);
     const QString t = TextoPdf(fichero);
-    EXPECT_TRUE(EnOrden(t, {QStringLiteral("DERECHA"), QStringLiteral("OCULTO"),
-                            QStringLiteral("IZQUIERDA")}));
+    EXPECT_TRUE(EnOrden(
+        t, {QStringLiteral("DERECHA"), QStringLiteral("OCULTO"), QStringLiteral("IZQUIERDA")}));
     EXPECT_FALSE(t.contains(QStringLiteral("TOTALES")));
 
     // Saved data stays until discarded, even with a new source bound.

@@ -6,12 +6,11 @@
 #include <EmisionInforme.h>
 #include <EmpresaDemo.h>
 #include <Formato.h>
+#include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <SqlFacturas.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
-
-#include <QTemporaryDir>
 
 namespace vk::prueba {
 namespace {
@@ -28,12 +27,12 @@ TEST_P(FilasFacturas, OneRowPerLineWithAddressAndPaymentText) {
     const qint32 otra = e.albaran(c, kDia, 1, {{999}});
     const qint32 id = e.nuevaFactura(c, kDia, {a1, a2});
     const qint32 id2 = e.nuevaFactura(c, kDia, {otra});
-    e.cn().Execute(QStringLiteral(
-                       "UPDATE Fav SET Fav_IdDir = 0, Fav_Sg = 'C', Fav_Nombre = 'Mayor  ', "
+    e.cn().Execute(
+        QStringLiteral("UPDATE Fav SET Fav_IdDir = 0, Fav_Sg = 'C', Fav_Nombre = 'Mayor  ', "
                        "Fav_Num = 12, Fav_Escalera = '2', Fav_Piso = '3', Fav_Puerta = 'B', "
                        "Fav_Cp = '46001', Fav_Poblacion = 'Valencia', Fav_Provincia = 46, "
                        "Fav_Pais = '011', Fav_CliDoc = 'B12345678' WHERE Fav_Id = ?"),
-                   {id});
+        {id});
 
     Recordset rs = LeeFilasFacturas(e.bd(), {id});
     ASSERT_EQ(rs.RecordCount(), 4);
@@ -47,7 +46,8 @@ TEST_P(FilasFacturas, OneRowPerLineWithAddressAndPaymentText) {
     EXPECT_EQ(importes, (QList<double>{100, 50, 25, 10})); // note date, then line order
     rs.MoveFirst();
     EXPECT_TRUE(rs.Fields(QStringLiteral("NumeroAlbaran")).Texto().contains(u'/'));
-    const QStringList lineas = rs.Fields(QStringLiteral("Direcion")).Texto().split(QStringLiteral("\r\n"));
+    const QStringList lineas =
+        rs.Fields(QStringLiteral("Direcion")).Texto().split(QStringLiteral("\r\n"));
     ASSERT_EQ(lineas.size(), 3);
     EXPECT_EQ(lineas[0].simplified(), QStringLiteral("C Mayor 12 2 3 B"));
     EXPECT_TRUE(lineas[0].startsWith(QStringLiteral("C Mayor 12    2"))) << lineas[0].toStdString();
@@ -108,7 +108,8 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
     pantalla.Check4_Click();
     pantalla.optSalida = 0;
     pantalla.Text1[11] = QStringLiteral("0");
-    ui.dialogos.push_back([](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
+    ui.dialogos.push_back(
+        [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
     pantalla.cmdBuscar();
     pantalla.cmdFacturar();
     ASSERT_GE(pantalla.facturasGeneradas.size(), 3u);
@@ -141,7 +142,8 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
     }
     ASSERT_FALSE(primera.isEmpty()) << numero.toStdString();
     Recordset rec = s->cn().Execute(
-        QStringLiteral("SELECT Rec_FVto FROM Rec WHERE Rec_Tipo = 1 AND Rec_IdFac = ? ORDER BY Rec_Id"),
+        QStringLiteral(
+            "SELECT Rec_FVto FROM Rec WHERE Rec_Tipo = 1 AND Rec_IdFac = ? ORDER BY Rec_Id"),
         {ids[0]});
     Recordset lav = s->cn().Execute(
         QStringLiteral("SELECT Lav_Des FROM Lav INNER JOIN Cav ON Cav_Id = Lav_IdCav WHERE "
@@ -151,22 +153,25 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
     ASSERT_FALSE(rec.Eof());
     const QString plano = primera.simplified();
     EXPECT_TRUE(EnOrden(
-        plano, {QStringLiteral("Suministros y Servicios Turialev, S.L."), QStringLiteral("NIF: B96824172"),
-                QStringLiteral("FACTURA"), numero,
-                Format(fav.Fields(QStringLiteral("Fav_Fecha")).Value(), QStringLiteral("dd/mm/yyyy")),
-                lav.Fields(QStringLiteral("Lav_Des")).Texto().simplified().left(20),
-                QStringLiteral("Base imponible"),
-                Format(fav.Fields(QStringLiteral("Fav_BIva1")).Doble(), QStringLiteral("#,##0.00")),
-                Format(fav.Fields(QStringLiteral("Fav_ImpIva1")).Doble(), QStringLiteral("#,##0.00")),
-                QStringLiteral("TOTAL FACTURA"),
-                FormatoMoneda(fav.Fields(QStringLiteral("Fav_Total")).Doble()),
-                QStringLiteral("Vencimientos"),
-                Format(rec.Fields(QStringLiteral("Rec_FVto")).Value(), QStringLiteral("dd/mm/yyyy")),
-                sTextoLOPD.simplified().left(30)}));
+        plano,
+        {QStringLiteral("Suministros y Servicios Turialev, S.L."), QStringLiteral("NIF: B96824172"),
+         QStringLiteral("FACTURA"), numero,
+         Format(fav.Fields(QStringLiteral("Fav_Fecha")).Value(), QStringLiteral("dd/mm/yyyy")),
+         lav.Fields(QStringLiteral("Lav_Des")).Texto().simplified().left(20),
+         QStringLiteral("Base imponible"),
+         Format(fav.Fields(QStringLiteral("Fav_BIva1")).Doble(), QStringLiteral("#,##0.00")),
+         Format(fav.Fields(QStringLiteral("Fav_ImpIva1")).Doble(), QStringLiteral("#,##0.00")),
+         QStringLiteral("TOTAL FACTURA"),
+         FormatoMoneda(fav.Fields(QStringLiteral("Fav_Total")).Doble()),
+         QStringLiteral("Vencimientos"),
+         Format(rec.Fields(QStringLiteral("Rec_FVto")).Value(), QStringLiteral("dd/mm/yyyy")),
+         sTextoLOPD.simplified().left(30)}));
     EXPECT_TRUE(plano.contains(fav.Fields(QStringLiteral("Fav_Clinom")).Texto().simplified()));
-    EXPECT_TRUE(plano.contains(QStringLiteral("NIF: ") + fav.Fields(QStringLiteral("Fav_CliDoc")).Texto().trimmed()));
+    EXPECT_TRUE(plano.contains(QStringLiteral("NIF: ") +
+                               fav.Fields(QStringLiteral("Fav_CliDoc")).Texto().trimmed()));
     for (lav.MoveFirst(); !lav.Eof(); lav.MoveNext()) {
-        EXPECT_TRUE(plano.contains(lav.Fields(QStringLiteral("Lav_Des")).Texto().simplified().left(20)));
+        EXPECT_TRUE(
+            plano.contains(lav.Fields(QStringLiteral("Lav_Des")).Texto().simplified().left(20)));
     }
 
     // The copy mark and the options of the company reach the page.
