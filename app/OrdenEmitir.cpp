@@ -12,7 +12,7 @@
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <VKFACVENTAS.h>
-#include <frmCrystal.h>
+#include <frmVisor.h>
 
 namespace vk::app {
 
@@ -37,7 +37,7 @@ class InteraccionEmitir : public InteraccionGuion {
 public:
     QString impresora;
     bool MuestraDialogo(DialogoModelo& d) override {
-        if (auto* visor = dynamic_cast<frmCrystal*>(&d)) {
+        if (auto* visor = dynamic_cast<frmVisor*>(&d)) {
             const QString fichero = QDir(fnCarpetaFdoc(0)).filePath(QStringLiteral("vista.pdf"));
             EscribePdf(*visor->reporte, fichero);
             return fnAbreFichero(fichero);

@@ -9,8 +9,8 @@
 #include "SqlFacturas.h"
 #include "TablaReportes.h"
 #include "VKCRFACTURAS.h"
-#include "frmCrystal.h"
 #include "frmEmisionFacturas.h"
+#include "frmVisor.h"
 
 #include <Ajustes.h>
 #include <ErrorBd.h>
@@ -196,7 +196,7 @@ void EmisorIncorporado::viaPantalla(VKFACVENTAS&, std::unique_ptr<informe::Repor
             facturas << f;
         }
     }
-    frmCrystal visor(std::shared_ptr<informe::Reporte>(std::move(r)), facturas);
+    frmVisor visor(std::shared_ptr<informe::Reporte>(std::move(r)), facturas);
     Ui().MuestraDialogo(visor);
 }
 

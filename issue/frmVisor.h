@@ -10,11 +10,11 @@
 
 namespace vk {
 
-class frmCrystal : public DialogoModelo {
+class frmVisor : public DialogoModelo {
 public:
-    frmCrystal(std::shared_ptr<informe::Reporte> informe, QStringList facturas)
+    frmVisor(std::shared_ptr<informe::Reporte> informe, QStringList facturas)
         : reporte(std::move(informe)), lstFacturas(std::move(facturas)) {}
-    QString Nombre() const override { return QStringLiteral("frmCrystal"); }
+    QString Nombre() const override { return QStringLiteral("frmVisor"); }
 
     const QString Caption = QStringLiteral("EMISION DE FACTURAS");
     std::shared_ptr<informe::Reporte> reporte;
