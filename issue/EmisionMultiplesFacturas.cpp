@@ -209,7 +209,12 @@ void EmisorIncorporado::viaImpresora(VKFACVENTAS& f, informe::Reporte& r) {
         LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("Printer"));
     const QString impresora = Ui().EligeImpresora(actual).value_or(actual);
     QPrinter printer(QPrinter::HighResolution);
-    if (!impresora.isEmpty()) {
+    if (impresora.startsWith(QLatin1Char('/'))) {
+        // A path instead of a queue: print to that file, as a print-to-file
+        // printer does.
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(impresora);
+    } else if (!impresora.isEmpty()) {
         printer.setPrinterName(impresora);
     }
     printer.setCopyCount(std::max<int>(1, f.NumCopias));
