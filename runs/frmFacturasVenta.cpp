@@ -65,7 +65,7 @@ void frmFacturasVenta::msBuscarCliente(qint32 nCodigo) {
         util.Prepara(bd_.cn());
         const QString r = util.Busca(
             QStringLiteral("SELECT Cli_ID, Cli_COD, %1 AS RSNOM FROM Cli").arg(nombreCliente_),
-            QStringLiteral("RSNOM"), QStringLiteral("Nombre"), QStringLiteral("Codigo"),
+            QStringLiteral("RSNOM"), QStringLiteral("Codigo"), QStringLiteral("Nombre"),
             QStringLiteral("Buscar Clientes"), 1300, 6000);
         if (r.size() > 2) {
             const QStringList partes = r.split(BdUtil::kSeparador);

@@ -1,0 +1,52 @@
+#include "VentanaPrincipal.h"
+
+#include <ErrorBd.h>
+#include <Interaccion.h>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <VKFACVENTAS.h>
+
+namespace vk::escritorio {
+
+VentanaPrincipal::VentanaPrincipal(VKFACVENTAS& factura, const QString& empresa)
+    : factura_(factura) {
+    setObjectName(QStringLiteral("frmPrincipal"));
+    setWindowTitle(QStringLiteral("Facturación de ventas"));
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Facturación"));
+    QAction* albaranes = menu->addAction(QStringLiteral("Facturación de &albaranes…"));
+    albaranes->setObjectName(QStringLiteral("mnuFacturasVenta"));
+    QAction* emision = menu->addAction(QStringLiteral("&Emisión de facturas…"));
+    emision->setObjectName(QStringLiteral("mnuEmisionFacturas"));
+    menu->addSeparator();
+    QAction* salir = menu->addAction(QStringLiteral("&Salir"));
+    salir->setObjectName(QStringLiteral("mnuSalir"));
+    salir->setShortcut(QKeySequence::Quit);
+
+    auto* centro = new QLabel(this);
+    centro->setAlignment(Qt::AlignCenter);
+    centro->setText(QStringLiteral("<h2>Facturación de ventas</h2><p>Empresa: %1</p>"
+                                   "<p>Elija una opción del menú «Facturación».</p>")
+                        .arg(empresa.toHtmlEscaped()));
+    setCentralWidget(centro);
+    statusBar()->showMessage(empresa);
+    resize(760, 480);
+
+    QObject::connect(albaranes, &QAction::triggered, this,
+                     [this] { entrada([this] { factura_.jFacturasVenta(); }); });
+    QObject::connect(emision, &QAction::triggered, this,
+                     [this] { entrada([this] { factura_.jEmisionFacturas(); }); });
+    QObject::connect(salir, &QAction::triggered, this, [this] { close(); });
+}
+
+template <typename F>
+void VentanaPrincipal::entrada(F&& f) {
+    try {
+        f();
+    } catch (const ErrorBd& e) {
+        Ui().Mensaje(e.Mensaje(), Icono::Error, windowTitle());
+    }
+}
+
+} // namespace vk::escritorio
