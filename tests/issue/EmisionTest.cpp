@@ -1,11 +1,11 @@
 // The issue dispatcher as the invoicing screens call it: the preamble, the
 // withholding scan, the choice of report, the PDF route and the failure exit.
 #include "EmpresaPrueba.h"
+#include "PdfTexto.h"
 
 #include <EmpresaDemo.h>
 #include <MensajesEmision.h>
 #include <QDir>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <frmEmisionFacturas.h>
@@ -14,13 +14,6 @@ namespace vk::prueba {
 namespace {
 
 const QDate kHoy(2026, 3, 10);
-
-QString textoPdf(const QString& fichero) {
-    QProcess p;
-    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), fichero, QStringLiteral("-")});
-    p.waitForFinished(30000);
-    return QString::fromUtf8(p.readAllStandardOutput());
-}
 
 class Emision : public PruebaMotores {
 protected:
@@ -62,7 +55,7 @@ TEST_P(Emision, PdfRouteWritesTheFileOfTheFirstNumber) {
     const QString fichero = f.CreatePdf(a);
     EXPECT_EQ(fichero, QDir(dir.path()).filePath(QStringLiteral("F_1.pdf")));
     ASSERT_TRUE(QFileInfo::exists(fichero));
-    const QString texto = textoPdf(fichero);
+    const QString texto = TextoPdf(fichero);
     EXPECT_TRUE(texto.contains(QStringLiteral("Suministros Albufera, S.L.")));
     EXPECT_TRUE(texto.contains(QStringLiteral("121,00"))) << texto.toStdString();
     // Several ids in one run: one document under the number of its first row.
@@ -83,7 +76,7 @@ TEST_P(Emision, OneWithholdingTurnsTheRunIntoTheWithholdingReportForThisRunOnly)
     VKFACVENTAS& f = e->factura();
     f.EmisionMultiplesFacturas(0, true, {normal, conRetencion});
     EXPECT_TRUE(errores().isEmpty()) << errores().join(QLatin1Char('\n')).toStdString();
-    const QString texto = textoPdf(f.PdfOutFile);
+    const QString texto = TextoPdf(f.PdfOutFile);
     EXPECT_TRUE(texto.contains(QStringLiteral("Retención"))) << texto.toStdString();
     // Back to the stored value after the run.
     EXPECT_EQ(e->bd().Parametros().Item(QStringLiteral("Par_RegFiscal")).Entero(), 1);
@@ -186,7 +179,7 @@ TEST_P(Emision, PrinterRouteSendsOneJobToTheChosenPrinter) {
     f.EmisionMultiplesFacturas(0, true, {a, b}, true);
     EXPECT_TRUE(ui.vistos.empty()) << (ui.vistos.empty() ? "" : ui.vistos[0].texto.toStdString());
     ASSERT_TRUE(QFileInfo::exists(ui.destino));
-    const QString texto = textoPdf(ui.destino);
+    const QString texto = TextoPdf(ui.destino);
     EXPECT_TRUE(texto.contains(QStringLiteral("A/1")) && texto.contains(QStringLiteral("A/2")))
         << texto.toStdString();
     // A printer that is not there ends in the failure exit.
