@@ -1,5 +1,7 @@
 #include "DisenoInforme.h"
 
+#include "Ficheros.h"
+
 #include <ErrorBd.h>
 #include <QDir>
 #include <QFile>
@@ -236,11 +238,7 @@ ObjetoInforme objeto(const QJsonObject& o, const Fuente& fuenteBase) {
 } // namespace
 
 QString CarpetaDisenos() {
-    QString datos = qEnvironmentVariable("VKFACTUVEN_DATOS");
-    if (datos.isEmpty()) {
-        datos = QDir::homePath() + QStringLiteral("/.local/share/vkfactuven");
-    }
-    return QDir(datos).filePath(QStringLiteral("disenos"));
+    return QDir(fnCarpetaDatos()).filePath(QStringLiteral("disenos"));
 }
 
 QJsonObject FusionaDisenos(const QJsonObject& base, const QJsonObject& derivado) {

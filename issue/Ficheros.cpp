@@ -1,5 +1,7 @@
 #include "Ficheros.h"
 
+#include "DisenoInforme.h"
+
 #include <ErrorBd.h>
 #include <QDesktopServices>
 #include <QDir>
@@ -13,7 +15,6 @@ QString fnCarpetaDatos() {
     if (carpeta.isEmpty()) {
         carpeta = QDir::home().filePath(QStringLiteral(".local/share/vkfactuven"));
     }
-    QDir().mkpath(carpeta);
     return carpeta;
 }
 
@@ -28,7 +29,7 @@ bool fnExisteFichero(const QString& fichero) {
 }
 
 void msRegistraDisenos() {
-    const QFileInfo disenos(QDir(fnCarpetaDatos()).filePath(QStringLiteral("disenos")));
+    const QFileInfo disenos(informe::CarpetaDisenos());
     if (disenos.exists() && (!disenos.isDir() || !disenos.isReadable())) {
         throw ErrorBd(
             QStringLiteral("No se puede leer la carpeta de diseños %1.").arg(disenos.filePath()));

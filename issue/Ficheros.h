@@ -7,7 +7,7 @@
 namespace vk {
 
 // The installation's data folder (VKFACTUVEN_DATOS, default
-// ~/.local/share/vkfactuven), created when missing.
+// ~/.local/share/vkfactuven); who writes into it creates what it needs.
 QString fnCarpetaDatos();
 
 // The per-user working folder "FDOC" + user id inside the data folder;
