@@ -4,6 +4,7 @@
 // and the header discounts with Redondea, the difference with
 // fnRedondeoNormal. Two programs that round elsewhere make other invoices.
 #include "Cuentas.h"
+#include "Descuentos.h"
 #include "MensajesMotor.h"
 
 #include <ErrorBd.h>
@@ -40,11 +41,9 @@ Grupo leeGrupo(const Recordset& rs) {
     g.regimenAlbaran = static_cast<int>(rs.Fields(QStringLiteral("Cav_IdTiva")).Entero());
     g.regimenTipo = static_cast<int>(rs.Fields(QStringLiteral("Tiva_Reg")).Entero());
     g.familia = static_cast<int>(rs.Fields(QStringLiteral("Tiva_Art")).Entero());
-    g.bruto = fnRedondeoMoney(suma);
-    // The first discount takes the unrounded sum, the second the rounded terms.
-    const double impDto1 = fnRedondeoMoney(suma * dto1 / 100);
-    const double impDto2 = fnRedondeoMoney((g.bruto - impDto1) * dto2 / 100);
-    g.base = fnRedondeoMoney(g.bruto - impDto1 - impDto2 - fnRedondeoMoney(dtoUnidad));
+    const ImportesDescontados d = fnDescuentosEnCascada(suma, dto1, dto2, dtoUnidad);
+    g.bruto = d.bruto;
+    g.base = d.neto;
     g.dtoPie = dtoUnidad;
     return g;
 }

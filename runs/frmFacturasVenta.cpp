@@ -6,11 +6,11 @@
 
 #include <Ajustes.h>
 #include <BdUtil.h>
+#include <Descuentos.h>
 #include <ErrorBd.h>
 #include <Formato.h>
 #include <Interaccion.h>
 #include <NombreCliente.h>
-#include <Redondeo.h>
 #include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
 #include <optional>
@@ -29,13 +29,9 @@ std::optional<QDate> fechaDe(const QString& texto) {
     }
 }
 
-// The amount of a note or group after its two header discounts, rounded as
-// the server's money rounding does at each step.
+// The amount of a note or group after its two header discounts.
 double importeConDescuentos(double suma, double dto1, double dto2) {
-    const double bruto = fnRedondeoMoney(suma);
-    const double d1 = fnRedondeoMoney(suma * dto1 / 100);
-    const double d2 = fnRedondeoMoney((bruto - d1) * dto2 / 100);
-    return fnRedondeoMoney(bruto - d1 - d2);
+    return fnDescuentosEnCascada(suma, dto1, dto2).neto;
 }
 
 QString textoONada(const QVariant& v) {
