@@ -134,7 +134,8 @@ QJsonArray fusionaLista(QJsonArray base, const QJsonArray& derivada) {
 
 bool esLista(const QString& clave) {
     return clave == QLatin1String("Grupos") || clave == QLatin1String("FormulaFields") ||
-           clave == QLatin1String("Sections") || clave == QLatin1String("Objetos");
+           clave == QLatin1String("Sections") || clave == QLatin1String("Objetos") ||
+           clave == QLatin1String("Subinformes");
 }
 
 QJsonObject fusionaElemento(const QJsonObject& base, const QJsonObject& derivado) {
@@ -212,7 +213,8 @@ ObjetoInforme objeto(const QJsonObject& o, const Fuente& fuenteBase) {
                                {QStringLiteral("especial"), TipoObjeto::Especial},
                                {QStringLiteral("caja"), TipoObjeto::Caja},
                                {QStringLiteral("linea"), TipoObjeto::Linea},
-                               {QStringLiteral("imagen"), TipoObjeto::Imagen}},
+                               {QStringLiteral("imagen"), TipoObjeto::Imagen},
+                               {QStringLiteral("subinforme"), TipoObjeto::Subinforme}},
                               QStringLiteral("objeto"));
     r.Suppress = o.value(QStringLiteral("Suppress")).toBool(false);
     r.Left = o.value(QStringLiteral("Left")).toInt();
@@ -232,6 +234,7 @@ ObjetoInforme objeto(const QJsonObject& o, const Fuente& fuenteBase) {
     r.SuprimeSiCero = o.value(QStringLiteral("SuprimeSiCero")).toBool(false);
     r.CompactaBlancos = o.value(QStringLiteral("CompactaBlancos")).toBool(false);
     r.VisibleSi = o.value(QStringLiteral("VisibleSi")).toString();
+    r.Enlace = o.value(QStringLiteral("Enlace")).toString();
     return r;
 }
 
@@ -315,6 +318,13 @@ std::unique_ptr<Reporte> ConstruyeReporte(const QJsonObject& d) {
             sec.Objetos.push_back(objeto(o.toObject(), fuenteBase));
         }
         r->Sections.todas().push_back(std::move(sec));
+    }
+    for (const QJsonValue& v : d.value(QStringLiteral("Subinformes")).toArray()) {
+        QJsonObject sub = v.toObject();
+        if (!sub.contains(QStringLiteral("Font"))) {
+            sub.insert(QStringLiteral("Font"), d.value(QStringLiteral("Font")));
+        }
+        r->Subreportes.push_back(ConstruyeReporte(sub));
     }
     return r;
 }

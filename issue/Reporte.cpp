@@ -40,6 +40,24 @@ ObjetoInforme& Seccion::Objeto(const QString& nombre) {
     throw ErrorBd(QStringLiteral("La sección %1 no tiene el objeto %2.").arg(Name, nombre));
 }
 
+Reporte& Reporte::Subreport(int indice) {
+    if (indice < 1 || indice > static_cast<int>(Subreportes.size())) {
+        throw ErrorBd(QStringLiteral("El informe %1 no tiene el subinforme %2.")
+                          .arg(Name)
+                          .arg(indice));
+    }
+    return *Subreportes[static_cast<size_t>(indice - 1)];
+}
+
+Reporte& Reporte::OpenSubreport(const QString& nombre) {
+    for (const auto& s : Subreportes) {
+        if (mismoNombre(s->Name, nombre)) {
+            return *s;
+        }
+    }
+    throw ErrorBd(QStringLiteral("El informe %1 no tiene el subinforme %2.").arg(Name, nombre));
+}
+
 FormulaField* ColeccionFormulas::Busca(const QString& nombre) {
     for (FormulaField& f : items_) {
         if (mismoNombre(f.Name, nombre)) {

@@ -44,6 +44,9 @@ enum class TipoObjeto {
     Caja,     // a frame, optionally filled
     Linea,    // a line from (Left, Top) to (Left + Width, Top + Height)
     Imagen,   // a picture; Texto is an expression giving the file path
+    // A subreport, by its name in Texto: its detail rows (those whose column
+    // matches the main row by Enlace) stacked in the object, which grows.
+    Subinforme,
 };
 
 class ObjetoInforme {
@@ -69,6 +72,9 @@ public:
     bool CompactaBlancos = false; // runs of blanks become one (composed addresses)
     // An expression; the object shows only when it is true (EsVerdadero).
     QString VisibleSi;
+    // Subreport link "MainColumn=SubColumn": only the subreport's rows whose
+    // SubColumn equals the main row's MainColumn. Empty: all its rows.
+    QString Enlace;
 };
 
 enum class TipoSeccion {
@@ -188,6 +194,11 @@ public:
     ColeccionSecciones Sections;
     ColeccionFormulas FormulaFields;
     BaseDatosInforme Database;
+    // The subreports in the order their data is bound, each with its own
+    // Database.Tables.Item(1).
+    std::vector<std::unique_ptr<Reporte>> Subreportes;
+    Reporte& Subreport(int indice);                // 1-based; throws ErrorBd when absent
+    Reporte& OpenSubreport(const QString& nombre); // throws ErrorBd when absent
 
     // The object of that name in any section; throws ErrorBd when absent.
     ObjetoInforme& Objeto(const QString& nombre);

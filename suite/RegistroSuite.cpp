@@ -1,5 +1,6 @@
 #include "RegistroSuite.h"
 
+#include "SpoolIncorporado.h"
 #include "TesoreriaIncorporada.h"
 
 #include <VKCRFACTURAS.h>
@@ -8,6 +9,7 @@ namespace vk::suite {
 
 void RegistraComponentesSuite() {
     RegistraTesoreria();
+    RegistraSpool();
     RegistraEmision();
 }
 

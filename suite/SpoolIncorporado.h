@@ -1,0 +1,50 @@
+// The built-in spool: text for impact printers, sent raw to a CUPS queue
+// (lp -d QUEUE -o raw) or appended to a file, in the printer's code page.
+//
+// Settings (application "ORVA", section "Spool"): "Printer" is the queue, or a
+// path (it holds a "/") for a file device; empty means the default queue.
+// "CodePage" is the code page of the printer, CP850 when not set.
+#pragma once
+
+#include <ClsSpool.h>
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+
+namespace vk::suite {
+
+namespace mensajes {
+inline const QString kSpoolCodigoPagina =
+    QStringLiteral("El código de página «%1» de la impresora no está disponible.");
+inline const QString kSpoolColaRechaza =
+    QStringLiteral("La cola de impresión «%1» no ha aceptado el trabajo: %2");
+inline const QString kSpoolFichero = QStringLiteral("No se ha podido escribir en el fichero %1.");
+} // namespace mensajes
+
+// The text in the code page (iconv names: CP850, CP437, ISO-8859-15...).
+// Characters the code page lacks are transliterated ("€" becomes "EUR").
+// Throws ErrorBd when the code page is unknown.
+QByteArray ConvierteCodigoPagina(const QString& texto, const QString& codigoPagina);
+
+class SpoolIncorporado : public ClsSpool {
+public:
+    SpoolIncorporado();
+    void SelectPrinter() override;
+    bool OpenDevice() override;
+    void printline(const QString& texto) override;
+    void CloseDevice() override;
+
+    // The printer of this job: a queue or a file path.
+    QString Impresora;
+    QString CodigoPagina;
+
+private:
+    bool esFichero() const { return Impresora.contains(QLatin1Char('/')); }
+    bool abierto_ = false;
+    QFile fichero_;
+    QByteArray trabajo_; // what goes to the queue at CloseDevice
+};
+
+void RegistraSpool();
+
+} // namespace vk::suite
