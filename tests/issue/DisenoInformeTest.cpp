@@ -83,7 +83,7 @@ TEST_F(Disenos, InstallationFileReplacesOrExtendsTheBuiltIn) {
     EXPECT_EQ(r->Sections.Item(QStringLiteral("GroupHeaderSection3")).Height, 330); // kept
     ObjetoInforme& d = r->Objeto(QStringLiteral("LiteralDescripcion1"));
     EXPECT_EQ(d.Left, 1300);
-    EXPECT_EQ(d.Width, 4850); // kept
+    EXPECT_EQ(d.Width, 7365); // kept
     EXPECT_TRUE(d.CanGrow);   // kept
     EXPECT_TRUE(d.Font.negrita);
     EXPECT_DOUBLE_EQ(d.Font.puntos, 8.5); // kept inside the font
