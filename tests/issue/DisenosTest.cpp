@@ -531,7 +531,8 @@ TEST_P(FamiliasDemo, EachFamilyPrintsTheInvoiceInReadingOrderWithItsOwnData) {
             .Entero());
     ASSERT_GT(id, 0);
     Recordset lav = s->cn().Execute(
-        QStringLiteral("SELECT Lav_Id, Lav_CodArt, Lav_Des, Cav_Id FROM Lav INNER JOIN Cav ON "
+        QStringLiteral("SELECT Lav_Id, Lav_CodArt, Lav_Des, Lav_Uni, Lav_Precio, Lav_Importe, "
+                       "Cav_Id FROM Lav INNER JOIN Cav ON "
                        "Cav_Id = Lav_IdCav WHERE Cav_IdFactura = ? ORDER BY Cav_Fecha, Cav_Serie, "
                        "Cav_Numero, Lav_Orden"),
         {id});
@@ -543,6 +544,18 @@ TEST_P(FamiliasDemo, EachFamilyPrintsTheInvoiceInReadingOrderWithItsOwnData) {
     lav.MoveNext();
     const qint64 segundaLinea = lav.Fields(QStringLiteral("Lav_Id")).Entero();
     const QString segundaDes = lav.Fields(QStringLiteral("Lav_Des")).Texto().trimmed();
+    const QVariant uniSegunda = lav.Fields(QStringLiteral("Lav_Uni")).Value();
+    const QVariant precioSegunda = lav.Fields(QStringLiteral("Lav_Precio")).Value();
+    const QString importeSegunda =
+        Format(lav.Fields(QStringLiteral("Lav_Importe")).Doble(), QStringLiteral("#,##0.00"));
+    const QString ivaPrimera =
+        Format(s->cn()
+                   .Execute(QStringLiteral("SELECT Tiva_Iva FROM vkcomun.TIVAS WHERE Tiva_Id = "
+                                           "(SELECT Lav_Tiva FROM Lav WHERE Lav_Id = ?)"),
+                            {primeraLinea})
+                   .Fields(0)
+                   .Doble(),
+               QStringLiteral("#0.00"));
 
     // What the families print besides the general data: a vehicle, measures,
     // lots, packages and weights, a composition, the note's observations and a
@@ -629,13 +642,37 @@ TEST_P(FamiliasDemo, EachFamilyPrintsTheInvoiceInReadingOrderWithItsOwnData) {
              const QString l = lineaCon(t, primeraDes).simplified();
              EXPECT_TRUE(l.contains(QStringLiteral(" 2,50 1,20 "))) << l.toStdString();
          }},
-        {"servicios", 12, ""},
+        {"servicios", 12, "",
+         [&](const QString&, const QString&) {
+             // A line without quantity or price shows its description, its
+             // packages and its amount alone.
+             cn.Execute(
+                 QStringLiteral("UPDATE Lav SET Lav_Uni = 0, Lav_Precio = 0 WHERE Lav_Id = ?"),
+                 {segundaLinea});
+             const QString l =
+                 lineaCon(TextoPdf(emite(id, 12, QString())), segundaDes).simplified();
+             EXPECT_EQ(
+                 l.toStdString(),
+                 (segundaDes + QStringLiteral(" 1 ") + importeSegunda).toStdString()); // 1 package
+             cn.Execute(
+                 QStringLiteral("UPDATE Lav SET Lav_Uni = ?, Lav_Precio = ? WHERE Lav_Id = ?"),
+                 {uniSegunda, precioSegunda, segundaLinea});
+         }},
         {"alimentacion", 13, "",
          [&](const QString& t, const QString&) {
              EXPECT_TRUE(EnOrden(t, {primeraDes, QStringLiteral("Composición"),
                                      QStringLiteral("Paquete de 500 hojas"), segundaDes}));
-             EXPECT_TRUE(lineaCon(t, primeraDes).contains(QStringLiteral("L26-1018")));
+             const QString l = lineaCon(t, primeraDes).simplified();
+             EXPECT_TRUE(l.contains(QStringLiteral(" L26-1018 "))) << l.toStdString();
+             EXPECT_TRUE(l.contains(u' ' + ivaPrimera + u' ')) << l.toStdString(); // subreport 1
              EXPECT_TRUE(lineaCon(t, segundaDes).contains(QStringLiteral("L26-1102")));
+             // Without lots, neither the column nor its heading.
+             parametros(QStringLiteral("Par_Lotes = 0"), {});
+             const QString sin = TextoPdf(emite(id, 13, QString()));
+             EXPECT_FALSE(sin.contains(QStringLiteral("L26-1018")));
+             EXPECT_FALSE(sin.contains(QStringLiteral("Lote")));
+             EXPECT_TRUE(sin.contains(QStringLiteral("Paquete de 500 hojas")));
+             parametros(QStringLiteral("Par_Lotes = 1"), {});
          }},
         {"calzado", 16, "",
          [&](const QString& t, const QString&) {
