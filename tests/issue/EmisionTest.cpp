@@ -111,10 +111,15 @@ TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
 TEST_P(Emision, OriginOtherThanZeroSkipsTheFamiliesAndTheTextRoute) {
     const qint32 id = factura(1);
     VKFACVENTAS& f = e->factura();
-    e->parametro(QStringLiteral("Par_DiseñoFactura"), 5); // the works family
+    // Design 5 is the works family on a template of the installation's
+    // own, missing here.
+    e->parametro(QStringLiteral("Par_DiseñoFactura"), 5);
+    qputenv("VKFACTUVEN_DATOS", dir.filePath(QStringLiteral("datos")).toUtf8());
     f.CreatePdf(id);
+    qunsetenv("VKFACTUVEN_DATOS");
     ASSERT_EQ(errores().size(), 1);
-    EXPECT_TRUE(errores()[0].startsWith(mensajes::kErrorEmitiendo + QLatin1Char('\n')));
+    EXPECT_EQ(errores()[0], mensajes::kPlantillaPersonalNoPresente);
+    EXPECT_TRUE(f.PdfOutFile.isEmpty());
     e->ui().vistos.clear();
     f.PdfOutFile.clear();
     f.EmisionMultiplesFacturas(0, true, {id}, true, 1);
