@@ -21,28 +21,18 @@ struct EmpresaEmision {
 // Reads Parametros and the province's name. Without a row every text is empty.
 EmpresaEmision CargaEmpresa(BdSesion& bd);
 
-// What the caller of an issue decides (the facade's Copia and ImprimeAlbaran).
-struct OpcionesInforme {
-    bool copia = false;
-    bool imprimeAlbaran = true;
-};
-
-// Applies the report options of the company to a general invoice design:
-// data protection, payment terms, packages and description width, lots,
-// agent, the copy mark, frames, letterhead and foot lines. Names the design
-// lacks are skipped, as a design carries only those its layout needs.
-void AplicaOpcionesFactura(informe::Reporte& reporte, BdSesion& bd, const EmpresaEmision& empresa,
-                           const OpcionesInforme& opciones);
-
 // Paints the bound report into a PDF file; throws ErrorBd when it cannot be
 // written.
 void EscribePdf(informe::Reporte& reporte, const QString& ficheroPdf);
 
-// The invoices of `ids` through the design `nombreReporte` into the PDF file.
+struct ContextoInforme;
+
+// The invoices of `ids` through the design `nombreReporte` into the PDF file,
+// prepared as a run of the PDF route with that context prepares it.
 // Returns the file written, or an empty text when the ids find no rows (an
 // empty list, or invoices without notes), when nothing is written. Throws
 // ErrorBd on a database, design or file error.
 QString RenderizaFacturasPdf(BdSesion& bd, const QVector<qint32>& ids, const QString& nombreReporte,
-                             const QString& ficheroPdf, const OpcionesInforme& opciones = {});
+                             const QString& ficheroPdf, const ContextoInforme& contexto);
 
 } // namespace vk

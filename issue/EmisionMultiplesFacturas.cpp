@@ -7,6 +7,7 @@
 #include "FacturaTransportes.h"
 #include "Ficheros.h"
 #include "MensajesEmision.h"
+#include "OpcionesInforme.h"
 #include "RutasEmision.h"
 #include "SqlFacturas.h"
 #include "TablaReportes.h"
@@ -155,8 +156,8 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
     cargador->VKReportName = fnNombreReporte(eleccion);
     std::unique_ptr<informe::Reporte> r = cargador->Reporte();
 
-    // Options, copy mark (inside the options) and data.
-    AplicaOpcionesFactura(*r, bd, empresa, {f.Copia, f.ImprimeAlbaran});
+    // Options, copy mark, frames, letterhead and paper, then the data.
+    PreparaInforme(*r, bd, empresa, cargador->VKReportName, ContextoDe(f, nDiseno));
     if (r->HasSavedData()) {
         r->DiscardSavedData();
     }

@@ -5,6 +5,7 @@
 #include "FamiliasInforme.h"
 #include "Ficheros.h"
 #include "MensajesEmision.h"
+#include "OpcionesInforme.h"
 #include "RutasEmision.h"
 #include "SqlFacturas.h"
 
@@ -32,7 +33,11 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, qint16 nDiseno,
                     const QString& plantillaObras) {
     BdSesion& bd = f.MyBd();
     const EmpresaEmision empresa = CargaEmpresa(bd);
-    AplicaOpcionesFactura(r, bd, empresa, {f.Copia, f.ImprimeAlbaran});
+    const ContextoInforme c = ContextoDe(f, nDiseno);
+    OpcionProteccionDatos(r, bd);
+    OpcionBultos(r, bd, c);
+    OpcionLotesAgente(r, bd);
+    OpcionFormaPago(r, bd);
     if (informe::Seccion* s = r.Sections.Busca(QStringLiteral("GroupHeaderSection1"))) {
         s->Suppress = !f.ImprimeAlbaran;
     }
@@ -42,6 +47,15 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, qint16 nDiseno,
         if (informe::ObjetoInforme* d = r.BuscaObjeto(QStringLiteral("LiteralDescripcion1"))) {
             d->Width = 5000;
         }
+    }
+    AplicaCopia(r, f.Copia);
+    AplicaMarcos(r, bd, empresa);
+    MembreteGrupoA(r, bd, empresa, c);
+    familias::PiesPorParametro(r, bd);
+    // The installations of these keys print their logo from the design.
+    if (!QStringList{QStringLiteral("PLT41"), QStringLiteral("PLT42"), QStringLiteral("PLT43")}
+             .contains(plantillaObras)) {
+        familias::LogoPorParametro(r, bd);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "FamiliasInforme.h"
 #include "Formula.h"
 #include "MensajesEmision.h"
+#include "OpcionesInforme.h"
 #include "RutasEmision.h"
 #include "SqlFacturas.h"
 
@@ -109,6 +110,40 @@ void formula(informe::Reporte& r, const QString& nombre, const QString& texto) {
     }
 }
 
+// The options, copy mark, frames, letterhead of group A with the mobile
+// phone in the telephone line, foot lines and logo.
+void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r) {
+    BdSesion& bd = f.MyBd();
+    const EmpresaEmision e = CargaEmpresa(bd);
+    OpcionProteccionDatos(r, bd);
+    OpcionFormaPago(r, bd);
+    OpcionLotesAgente(r, bd);
+    AplicaCopia(r, f.Copia);
+    AplicaMarcos(r, bd, e);
+    MembreteGrupoA(r, bd, e, ContextoDe(f, 18));
+    if (familias::Entero(bd, QStringLiteral("Par_PrnEmp")) == 1) {
+        QStringList partes;
+        if (!e.telefono.isEmpty()) {
+            partes << QStringLiteral("Tlf. ") + e.telefono;
+        }
+        if (!e.fax.isEmpty()) {
+            partes << QStringLiteral("Fax. ") + e.fax;
+        }
+        if (!e.movil.isEmpty()) {
+            partes << QStringLiteral("Movil: ") + e.movil;
+        }
+        formula(r, QStringLiteral("cLiteralTelefono"),
+                informe::Entrecomilla(partes.join(QStringLiteral(" - "))));
+        QString correo = e.correo.isEmpty() ? QString() : QStringLiteral("Email. ") + e.correo;
+        if (!e.web.isEmpty()) {
+            correo += (correo.isEmpty() ? QString() : QStringLiteral("  -  ")) +
+                      QStringLiteral("Web: ") + e.web;
+        }
+        formula(r, QStringLiteral("cLiteralMail"), informe::Entrecomilla(correo));
+    }
+    familias::LogoPorParametro(r, bd);
+}
+
 } // namespace
 
 ReporteTransportes fnReporteTransportes(const QString& plantilla, const QString& serie) {
@@ -204,7 +239,7 @@ void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         std::unique_ptr<informe::Reporte> r = familias::ReportePorNombre(d.reporte.nombre);
         // The margin of the company's stationery, on every route.
         r->TopMargin += static_cast<int>(familias::Entero(bd, QStringLiteral("Par_TopMarg")));
-        AplicaOpcionesFactura(*r, bd, CargaEmpresa(bd), {f.Copia, f.ImprimeAlbaran});
+        aplicaOpciones(f, *r);
         formula(*r, QStringLiteral("bControlNuevaGestion"),
                 d.nuevaGestion ? QStringLiteral("True") : QStringLiteral("False"));
         formula(*r, QStringLiteral("cCuotas"), informe::Entrecomilla(d.cuotas));

@@ -1,5 +1,6 @@
 #include "FamiliasInforme.h"
 
+#include "OpcionesInforme.h"
 #include "VKCRFACTURAS.h"
 
 #include <Componentes.h>
@@ -37,6 +38,24 @@ void EnlazaSubinforme(informe::Reporte& r, int indice, const Recordset& rs) {
         sub.DiscardSavedData();
     }
     sub.Database.Tables.Item(1).SetDataSource(rs, 3);
+}
+
+void LogoPorParametro(informe::Reporte& r, BdSesion& bd) {
+    if (Entero(bd, QStringLiteral("Par_prnlogo")) == 1) {
+        ColocaLogo(r, bd, bd.IdUsuario()); // suppresses the logo when it fails
+    } else if (informe::ObjetoInforme* logo = r.BuscaObjeto(QStringLiteral("LogoEmpresa"))) {
+        logo->Suppress = true;
+    }
+}
+
+void PiesPorParametro(informe::Reporte& r, BdSesion& bd) {
+    for (int i = 1; i <= 2; ++i) {
+        informe::FormulaField* pie =
+            r.FormulaFields.Busca(QStringLiteral("pLiteralLinea%1").arg(i));
+        if (pie && Entero(bd, QStringLiteral("Par_PrnL%1").arg(i)) == 0) {
+            pie->Text = QStringLiteral("''");
+        }
+    }
 }
 
 void Ejecuta(const QString& titulo, const QString& texto, const std::function<void()>& familia) {

@@ -31,6 +31,12 @@ QString Marcadores(qsizetype n);
 // a template of an installation may carry fewer than the family fills.
 void EnlazaSubinforme(informe::Reporte& r, int indice, const Recordset& rs);
 
+// The logo by Par_prnlogo: extracted and shown, or suppressed.
+void LogoPorParametro(informe::Reporte& r, BdSesion& bd);
+
+// The foot lines that Par_PrnL1 and Par_PrnL2 leave off become empty.
+void PiesPorParametro(informe::Reporte& r, BdSesion& bd);
+
 // Runs a family with its failure box: `texto`, a line break and the cause
 // under `titulo`. The wait pointer is back to normal at the end either way.
 void Ejecuta(const QString& titulo, const QString& texto, const std::function<void()>& familia);

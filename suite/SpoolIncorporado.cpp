@@ -56,8 +56,8 @@ QByteArray ConvierteCodigoPagina(const QString& texto, const QString& codigoPagi
 
 SpoolIncorporado::SpoolIncorporado()
     : Impresora(LeeAjuste(kAplicacion, kSeccion, QStringLiteral("Printer"))),
-      CodigoPagina(LeeAjuste(kAplicacion, kSeccion, QStringLiteral("CodePage"),
-                             QStringLiteral("CP850"))) {}
+      CodigoPagina(
+          LeeAjuste(kAplicacion, kSeccion, QStringLiteral("CodePage"), QStringLiteral("CP850"))) {}
 
 void SpoolIncorporado::SelectPrinter() {
     if (const std::optional<QString> elegida = Ui().EligeImpresora(Impresora)) {

@@ -6,6 +6,7 @@
 #include <EmisionInforme.h>
 #include <EmpresaDemo.h>
 #include <Formato.h>
+#include <OpcionesInforme.h>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <SqlFacturas.h>
@@ -83,7 +84,7 @@ TEST_P(FilasFacturas, OneRowPerLineWithAddressAndPaymentText) {
     const qint32 vacia = e.nuevaFactura(c, kDia, {});
     QTemporaryDir tmp;
     EXPECT_EQ(RenderizaFacturasPdf(e.bd(), {vacia}, QStringLiteral("CrFacturasGeneral"),
-                                   tmp.filePath(QStringLiteral("v.pdf"))),
+                                   tmp.filePath(QStringLiteral("v.pdf")), {}),
               QString());
     EXPECT_FALSE(QFile::exists(tmp.filePath(QStringLiteral("v.pdf"))));
 }
@@ -118,7 +119,10 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
 
     QTemporaryDir tmp;
     const QString fichero = tmp.filePath(QStringLiteral("facturas.pdf"));
-    ASSERT_EQ(RenderizaFacturasPdf(*s, ids, QStringLiteral("CrFacturasGeneral"), fichero), fichero);
+    ContextoInforme rutaPdf;
+    rutaPdf.tipoEmision = 2;
+    ASSERT_EQ(RenderizaFacturasPdf(*s, ids, QStringLiteral("CrFacturasGeneral"), fichero, rutaPdf),
+              fichero);
     // To look at the pages: VK_FACTURA_MUESTRA=/some/file.pdf
     if (!qEnvironmentVariableIsEmpty("VK_FACTURA_MUESTRA")) {
         QFile::remove(qEnvironmentVariable("VK_FACTURA_MUESTRA"));
@@ -176,7 +180,8 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
 
     // The copy mark and the options of the company reach the page.
     const QString copia = tmp.filePath(QStringLiteral("copia.pdf"));
-    OpcionesInforme o;
+    ContextoInforme o;
+    o.tipoEmision = 2;
     o.copia = true;
     o.imprimeAlbaran = false;
     s->cn().Execute(QStringLiteral("UPDATE Parametros SET PAR_FLOPD = 0, Par_PrintFco = 0"));
