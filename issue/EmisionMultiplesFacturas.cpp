@@ -162,6 +162,11 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
         r->DiscardSavedData();
     }
     r->Database.Tables.Item(1).SetDataSource(rs, 3);
+    if (nDiseno == 13) {
+        // The food design's subreports: the VAT rates and the composition.
+        r->Subreport(1).Database.Tables.Item(1).SetDataSource(LeeTiposIva(bd), 3);
+        r->Subreport(2).Database.Tables.Item(1).SetDataSource(LeeComposicionFacturas(bd, vIds), 3);
+    }
 
     EntregaInforme(f, std::move(r), rs);
 }

@@ -441,10 +441,10 @@ void AplicaMembrete(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
             suprime(r, QString::fromLatin1(n), true);
         }
         for (int i = 1; i <= 4; ++i) {
-            suprime(r, QStringLiteral("LiteralFco%11").arg(i), true);
+            suprime(r, QStringLiteral("LiteralFco%1").arg(i * 10 + 1), true);
         }
         for (int i = 1; i <= 6; ++i) {
-            suprime(r, QStringLiteral("LiteralVto%11").arg(i), true);
+            suprime(r, QStringLiteral("LiteralVto%1").arg(i * 10 + 1), true);
         }
     }
     if (entero(bd, "Par_DiseñoFactura") == 6) {

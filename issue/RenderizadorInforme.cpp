@@ -124,8 +124,18 @@ private:
     void cierraGrupos(int desde, int fila);
     int altoPie() const;
 
+    // --- subreports ---
+    // The subreport's rows that belong to the main row `fila` by its link.
+    std::vector<int> filasEnlazadas(Reporte& sub, const ObjetoInforme& o, int fila) const;
+    // Its sections in printing order: report header, a detail per row, report
+    // footer; nothing when no row belongs to the main row.
+    std::vector<Colocada> maquetaSubinforme(const ObjetoInforme& o, int fila) const;
+
     // --- painting ---
-    void pinta(QPainter& p, const Colocada& c, const InfoPagina& info) const;
+    void pinta(QPainter& p, const Colocada& c, const InfoPagina& info) const {
+        pinta(p, c, info, r_.LeftMargin);
+    }
+    void pinta(QPainter& p, const Colocada& c, const InfoPagina& info, double x0) const;
     void pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0, int extra,
                      const InfoPagina& info) const;
 
@@ -255,6 +265,14 @@ int Maquetador::alto(const Seccion& s, int fila) const {
     int extra = 0;
     const InfoPagina info;
     for (const ObjetoInforme& o : s.Objetos) {
+        if (o.Tipo == TipoObjeto::Subinforme && visible(o, fila)) {
+            int h = 0;
+            for (const Colocada& c : maquetaSubinforme(o, fila)) {
+                h += c.alto;
+            }
+            extra = std::max(extra, h - o.Height);
+            continue;
+        }
         if (!o.CanGrow || !esTexto(o) || !visible(o, fila)) {
             continue;
         }
@@ -458,17 +476,78 @@ ResultadoRender Maquetador::Ejecuta() {
     return res;
 }
 
-void Maquetador::pinta(QPainter& p, const Colocada& c, const InfoPagina& info) const {
+std::vector<int> Maquetador::filasEnlazadas(Reporte& sub, const ObjetoInforme& o, int fila) const {
+    std::vector<int> filas;
+    if (!sub.HasSavedData() && !sub.Database.Tables.Item(1).origen()) {
+        return filas; // a subreport without data prints nothing
+    }
+    const DatosInforme& ds = sub.Datos();
+    const int n = static_cast<int>(ds.filas.size());
+    if (o.Enlace.trimmed().isEmpty()) {
+        for (int i = 0; i < n; ++i) {
+            filas.push_back(i);
+        }
+        return filas;
+    }
+    const QString principal = o.Enlace.section(u'=', 0, 0).trimmed();
+    const QString propia = o.Enlace.section(u'=', 1).trimmed();
+    QVariant v;
+    const int c = ds.indice(propia);
+    if (c < 0 || !Contexto(d_, r_.FormulaFields, fila).Campo(principal, v)) {
+        throw ErrorBd(QStringLiteral("El enlace %1 del subinforme %2 no está en los datos.")
+                          .arg(o.Enlace, o.Texto));
+    }
+    for (int i = 0; i < n; ++i) {
+        const QVariant& w = ds.filas[static_cast<size_t>(i)][static_cast<size_t>(c)];
+        const bool igual =
+            EsNumero(v) && EsNumero(w)
+                ? v.toDouble() == w.toDouble()
+                : v.toString().trimmed().compare(w.toString().trimmed(), Qt::CaseInsensitive) == 0;
+        if (!v.isNull() && !w.isNull() && igual) {
+            filas.push_back(i);
+        }
+    }
+    return filas;
+}
+
+std::vector<Maquetador::Colocada> Maquetador::maquetaSubinforme(const ObjetoInforme& o,
+                                                                int fila) const {
+    Reporte& sub = r_.OpenSubreport(o.Texto);
+    const std::vector<int> filas = filasEnlazadas(sub, o, fila);
+    std::vector<Colocada> r;
+    if (filas.empty()) {
+        return r;
+    }
+    const Maquetador m(sub, dev_);
+    int y = 0;
+    auto anade = [&](TipoSeccion t, int f) {
+        for (const Seccion* s : m.deTipo(t)) {
+            if (m.visible(*s, f)) {
+                const int h = m.alto(*s, f);
+                r.push_back({s, f, y, h});
+                y += h;
+            }
+        }
+    };
+    anade(TipoSeccion::CabeceraInforme, filas.front());
+    for (int f : filas) {
+        anade(TipoSeccion::Detalle, f);
+    }
+    anade(TipoSeccion::PieInforme, filas.back());
+    return r;
+}
+
+void Maquetador::pinta(QPainter& p, const Colocada& c, const InfoPagina& info, double x0) const {
     const Seccion& s = *c.s;
     if (s.BackColor != kSinColor) {
-        p.fillRect(rectDispositivo(r_.LeftMargin, c.top,
-                                   r_.AnchoPapel - r_.LeftMargin - r_.RightMargin, c.alto),
-                   qcolor(s.BackColor));
+        p.fillRect(
+            rectDispositivo(x0, c.top, r_.AnchoPapel - r_.LeftMargin - r_.RightMargin, c.alto),
+            qcolor(s.BackColor));
     }
     const int extra = c.alto - s.Height;
     for (const ObjetoInforme& o : s.Objetos) {
         if (visible(o, c.fila)) {
-            pintaObjeto(p, o, c.fila, r_.LeftMargin, c.top, extra, info);
+            pintaObjeto(p, o, c.fila, x0, c.top, extra, info);
         }
     }
 }
@@ -499,6 +578,18 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
         p.setPen(QPen(qcolor(o.BorderColor == kSinColor ? o.ForeColor : o.BorderColor), grosor));
         p.drawLine(r.topLeft(), QPointF(r.left() + o.Width * k_, r.top() + o.Height * k_));
         return;
+    case TipoObjeto::Subinforme: {
+        const std::vector<Colocada> secciones = maquetaSubinforme(o, fila);
+        if (secciones.empty()) {
+            return;
+        }
+        const Maquetador m(r_.OpenSubreport(o.Texto), dev_);
+        for (Colocada c : secciones) {
+            c.top += static_cast<int>(y0) + o.Top;
+            m.pinta(p, c, info, x0 + o.Left);
+        }
+        return;
+    }
     case TipoObjeto::Imagen: {
         const QImage img(valor(o, fila, info).toString());
         if (!img.isNull()) {

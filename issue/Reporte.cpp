@@ -42,9 +42,8 @@ ObjetoInforme& Seccion::Objeto(const QString& nombre) {
 
 Reporte& Reporte::Subreport(int indice) {
     if (indice < 1 || indice > static_cast<int>(Subreportes.size())) {
-        throw ErrorBd(QStringLiteral("El informe %1 no tiene el subinforme %2.")
-                          .arg(Name)
-                          .arg(indice));
+        throw ErrorBd(
+            QStringLiteral("El informe %1 no tiene el subinforme %2.").arg(Name).arg(indice));
     }
     return *Subreportes[static_cast<size_t>(indice - 1)];
 }

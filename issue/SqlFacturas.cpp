@@ -110,20 +110,48 @@ QString fnSqlFacturas(BdSesion& bd) {
     return sql;
 }
 
+namespace {
+
+// "?, ?, ?" and the ids to bind to it.
+QString marcadores(const QVector<qint32>& ids, QVariantList& params) {
+    for (const qint32 id : ids) {
+        params << id;
+    }
+    return QStringList(params.size(), QStringLiteral("?")).join(QStringLiteral(", "));
+}
+
+} // namespace
+
 Recordset LeeFilasFacturas(BdSesion& bd, const QVector<qint32>& ids) {
     if (ids.isEmpty()) {
         return {};
     }
     QVariantList params;
-    for (const qint32 id : ids) {
-        params << id;
-    }
     const QString sql =
-        fnSqlFacturas(bd) +
-        QStringLiteral(" WHERE Fav.Fav_Id IN (%1) ORDER BY Cav.Cav_Fecha, "
-                       "Cav.Cav_Serie, Cav.Cav_Numero, Lav.Lav_Orden")
-            .arg(QStringList(params.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
+        fnSqlFacturas(bd) + QStringLiteral(" WHERE Fav.Fav_Id IN (%1) ORDER BY Cav.Cav_Fecha, "
+                                           "Cav.Cav_Serie, Cav.Cav_Numero, Lav.Lav_Orden")
+                                .arg(marcadores(ids, params));
     return bd.cn().Execute(sql, params);
+}
+
+Recordset LeeTiposIva(BdSesion& bd) {
+    return bd.cn().Execute(QStringLiteral("SELECT Tiva_Id, Tiva_Iva, Tiva_Rec FROM vkcomun.TIVAS"));
+}
+
+Recordset LeeComposicionFacturas(BdSesion& bd, const QVector<qint32>& ids) {
+    QVariantList params;
+    const QString lista = ids.isEmpty() ? QStringLiteral("NULL") : marcadores(ids, params);
+    return bd.cn().Execute(
+        QStringLiteral(
+            "SELECT Art_Cod, (CASE WHEN fmll_Des IS NULL THEN (SELECT a.Art_Des FROM Art a "
+            "WHERE a.Art_Id = FMLL_IdArt) ELSE fmll_des END) AS Articulo, FMLL_CANTIDAD, "
+            "FMLL_LARGO, FMLL_ANCHO, FMLL_ESPESOR, FMLL_DINT, FMLL_DEXT, Fmll_Uni "
+            "FROM Art INNER JOIN ArtCom ON ArtCom_IdArt = Art.Art_Id "
+            "INNER JOIN Fml ON Fml_Id = ArtCom_IdFml INNER JOIN Fmll ON FMLL_IDFML = Fml_Id "
+            "WHERE Art.Art_Cod IN (SELECT Lav_CodArt FROM Fav INNER JOIN Cav ON "
+            "Cav_IdFactura = Fav_Id INNER JOIN Lav ON Lav_IdCav = Cav_Id WHERE Fav_Id IN (%1))")
+            .arg(lista),
+        params);
 }
 
 } // namespace vk

@@ -21,4 +21,9 @@ QString fnSqlFacturas(BdSesion& bd);
 // note series and number, line order); ids are bound. Empty ids give no rows.
 Recordset LeeFilasFacturas(BdSesion& bd, const QVector<qint32>& ids);
 
+// The rows of the food design's two subreports, bound in this order: the VAT
+// rates, and the composition of the articles the invoices' lines carry.
+Recordset LeeTiposIva(BdSesion& bd);
+Recordset LeeComposicionFacturas(BdSesion& bd, const QVector<qint32>& ids);
+
 } // namespace vk

@@ -193,5 +193,58 @@ TEST(Renderizador, PositionsAndSuppressAreHonoured) {
     EXPECT_THROW(r->ReadRecords(), ErrorBd);
 }
 
+// A subreport lists the rows linked to each line below it; the line's section
+// grows with them and nothing else moves over them.
+TEST(Renderizador, SubreportRowsFollowTheirLineByTheLink) {
+    QTemporaryDir dir;
+    auto r = informe(3);
+    auto sub = std::make_unique<Reporte>();
+    sub->Name = QStringLiteral("Composicion");
+    Seccion cab = seccion(QStringLiteral("CabSub"), TipoSeccion::CabeceraInforme, 250);
+    cab.Objetos.push_back(texto(QStringLiteral("TitSub"), TipoObjeto::Texto,
+                                QStringLiteral("Componentes:"), 0, 0, 2000));
+    sub->Sections.todas().push_back(cab);
+    Seccion det = seccion(QStringLiteral("DetSub"), TipoSeccion::Detalle, 250);
+    det.Objetos.push_back(
+        texto(QStringLiteral("Comp"), TipoObjeto::Campo, QStringLiteral("articulo"), 0, 0, 3000));
+    sub->Sections.todas().push_back(det);
+    sub->Database.Tables.Item(1).SetDataSource(
+        Recordset({QStringLiteral("des"), QStringLiteral("articulo")},
+                  {{QStringLiteral("Línea 002"), QStringLiteral("Tornillo M4")},
+                   {QStringLiteral("Línea 001"), QStringLiteral("Arandela")},
+                   {QStringLiteral("Línea 002"), QStringLiteral("Tuerca M4")}}));
+    r->Subreportes.push_back(std::move(sub));
+    EXPECT_EQ(&r->Subreport(1), &r->OpenSubreport(QStringLiteral("composicion")));
+    EXPECT_THROW(r->Subreport(2), ErrorBd);
+
+    ObjetoInforme o = texto(QStringLiteral("Sub1"), TipoObjeto::Subinforme,
+                            QStringLiteral("Composicion"), 500, 250, 5000, 0);
+    o.Enlace = QStringLiteral("des=des");
+    r->Sections.Item(QStringLiteral("Detalle")).Objetos.push_back(o);
+    const QString fichero = dir.filePath(QStringLiteral("sub.pdf"));
+    const ResultadoRender res = renderiza(*r, fichero);
+    const QString t = TextoPdf(fichero);
+    EXPECT_TRUE(EnOrden(t, {QStringLiteral("Línea 001"), QStringLiteral("Componentes:"),
+                            QStringLiteral("Arandela"), QStringLiteral("Línea 002"),
+                            QStringLiteral("Componentes:"), QStringLiteral("Tornillo M4"),
+                            QStringLiteral("Tuerca M4"), QStringLiteral("Línea 003")}));
+    EXPECT_EQ(t.count(QStringLiteral("Componentes:")), 2); // none under line 3
+    const DatosInforme& d = r->Datos();
+    for (const SeccionColocada& c : res.colocadas) {
+        const QString des = d.filas[static_cast<size_t>(c.fila)][1].toString();
+        if (c.seccion == QLatin1String("Detalle") && des.startsWith(QStringLiteral("Línea"))) {
+            const int esperado = des == QStringLiteral("Línea 002")   ? 250 + 750
+                                 : des == QStringLiteral("Línea 001") ? 250 + 500
+                                                                      : 250;
+            EXPECT_EQ(c.alto, esperado) << des.toStdString();
+        }
+    }
+
+    // A link to a column the rows lack is an error of the design.
+    r->OpenSubreport(QStringLiteral("Composicion"));
+    r->Objeto(QStringLiteral("Sub1")).Enlace = QStringLiteral("des=noexiste");
+    EXPECT_THROW(renderiza(*r, dir.filePath(QStringLiteral("mal.pdf"))), ErrorBd);
+}
+
 } // namespace
 } // namespace vk::informe
