@@ -7,6 +7,7 @@
 #include <EmpresaDemo.h>
 #include <Formato.h>
 #include <OpcionesInforme.h>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <SqlFacturas.h>
@@ -150,6 +151,46 @@ TEST_P(FilasFacturas, FoodSubreportsReadRatesAndComposition) {
     for (const char* col : {"Tiva_Id", "Tiva_Iva", "Tiva_Rec"}) {
         EXPECT_TRUE(tipos.TieneCampo(QString::fromLatin1(col))) << col;
     }
+}
+
+// A 200-line invoice through the general design: every line once, in order,
+// the page header on each page, "Página n de m", and the totals on the last.
+TEST_P(FilasFacturas, TwoHundredLinesBreakAcrossPagesOfTheGeneralDesign) {
+    EmpresaPrueba e(GetParam());
+    e.parametro(QStringLiteral("PAR_NOMBRE"), QStringLiteral("Ferretería Larga, S.L."));
+    e.parametro(QStringLiteral("Par_PrnEmp"), 1);
+    e.parametro(QStringLiteral("Par_PrintFco"), 1);
+    const qint32 c = e.cliente();
+    std::vector<LineaPrueba> lineas(200, LineaPrueba{1.5});
+    const qint32 id = e.nuevaFactura(c, kDia, {e.albaran(c, kDia, 1, lineas)});
+    e.factura().CalculoTotalesFactura();
+    ASSERT_TRUE(e.factura().GrabaFactura());
+
+    QTemporaryDir tmp;
+    const QString pdf = tmp.filePath(QStringLiteral("larga.pdf"));
+    ContextoInforme ctx;
+    ctx.tipoEmision = 2;
+    ASSERT_EQ(RenderizaFacturasPdf(e.bd(), {id}, QStringLiteral("CrFacturasGeneral"), pdf, ctx),
+              pdf);
+    const QString texto = TextoPdf(pdf);
+    const QStringList paginas = texto.split(u'\f', Qt::SkipEmptyParts);
+    ASSERT_GE(paginas.size(), 4);
+    QStringList orden;
+    for (int i = 1; i <= 200; ++i) {
+        const QString linea = QStringLiteral("Línea %1 ").arg(i);
+        EXPECT_EQ(texto.count(QRegularExpression(QStringLiteral("Línea %1\\b").arg(i))), 1) << i;
+        orden << linea.trimmed();
+    }
+    EXPECT_TRUE(EnOrden(texto, orden));
+    for (int p = 0; p < paginas.size(); ++p) {
+        EXPECT_TRUE(paginas[p].contains(QStringLiteral("Ferretería Larga, S.L."))) << p;
+        EXPECT_TRUE(
+            paginas[p].contains(QStringLiteral("Página %1 de %2").arg(p + 1).arg(paginas.size())))
+            << p;
+    }
+    // 200 x 1,50 = 300,00 + 21 % VAT.
+    EXPECT_TRUE(paginas.last().contains(QStringLiteral("363,00")));
+    EXPECT_FALSE(paginas.first().contains(QStringLiteral("363,00")));
 }
 
 class FacturasDemo : public PruebaMotores {};
