@@ -36,12 +36,6 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, qint16 nDiseno,
     const ContextoInforme c = ContextoDe(f, nDiseno);
     OpcionProteccionDatos(r, bd);
     OpcionBultos(r, bd, c);
-    // The packages rule speaks the legacy widths; a works design states its own.
-    if (informe::ObjetoInforme* d = r.BuscaObjeto(QStringLiteral("LiteralDescripcion1"))) {
-        d->Width = familias::Entero(bd, QStringLiteral("par_bultos")) != 0
-                       ? r.AnchoDescripcionConBultos
-                       : r.AnchoDescripcionSinBultos;
-    }
     OpcionLotesAgente(r, bd);
     OpcionFormaPago(r, bd);
     if (informe::Seccion* s = r.Sections.Busca(QStringLiteral("GroupHeaderSection1"))) {
@@ -51,7 +45,7 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, qint16 nDiseno,
     // room for the retention columns.
     if (nDiseno == 9 && plantillaObras != QLatin1String("PLT44")) {
         if (informe::ObjetoInforme* d = r.BuscaObjeto(QStringLiteral("LiteralDescripcion1"))) {
-            d->Width = 5000;
+            d->Width = r.AnchoDescripcion(5000);
         }
     }
     AplicaCopia(r, f.Copia);

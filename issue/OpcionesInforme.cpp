@@ -172,7 +172,7 @@ void reglaBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
         } else if (c.nDiseno == 16 && !es(c.plantilla, "PLT39")) {
             sin = 7200;
         }
-        d->Width = bultos ? 6800 : sin;
+        d->Width = r.AnchoDescripcion(bultos ? 6800 : sin);
         d->HorAlignment =
             entero(bd, "Par_Justificar") == 1 ? informe::crJustified : informe::crLeftAlign;
     }
@@ -255,7 +255,7 @@ void OpcionBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
         suprime(r, QStringLiteral("CajasBultos"), false);
         suprime(r, QStringLiteral("LavBulto1"), true);
         if (informe::ObjetoInforme* d = r.BuscaObjeto(QStringLiteral("LiteralDescripcion1"))) {
-            d->Width = 6633;
+            d->Width = r.AnchoDescripcion(6633);
         }
         return;
     }
