@@ -51,11 +51,11 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, qint16 nDiseno,
     AplicaCopia(r, f.Copia);
     AplicaMarcos(r, bd, empresa);
     MembreteGrupoA(r, bd, empresa, c);
-    familias::PiesPorParametro(r, bd);
+    PiesPorParametro(r, bd);
     // The installations of these keys print their logo from the design.
     if (!QStringList{QStringLiteral("PLT41"), QStringLiteral("PLT42"), QStringLiteral("PLT43")}
              .contains(plantillaObras)) {
-        familias::LogoPorParametro(r, bd);
+        LogoPorParametro(r, bd);
     }
 }
 
@@ -162,7 +162,7 @@ CursoresObras LeeCursoresObras(BdSesion& bd, const ListasObras& l) {
         QStringLiteral("SELECT Art_Medida, Art_Cod FROM Art WHERE ") +
             (codigos.isEmpty()
                  ? QStringLiteral("Art_Id = -1000")
-                 : QStringLiteral("Art_Cod IN (%1)").arg(familias::Marcadores(codigos.size()))) +
+                 : QStringLiteral("Art_Cod IN (%1)").arg(MarcadoresSql(codigos.size()))) +
             QStringLiteral(" ORDER BY Art_Cod"),
         codigos);
     return c;
@@ -172,11 +172,12 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras) {
     familias::Ejecuta(mensajes::kGeneradorInformes, mensajes::kErrorGenerando, [&] {
         BdSesion& bd = f.MyBd();
         const auto nDiseno =
-            static_cast<qint16>(familias::Entero(bd, QStringLiteral("Par_DiseñoFactura")));
-        const QString plantillaObras = familias::Texto(bd, QStringLiteral("PAR_PLANTILLA_FOBRAS"));
+            static_cast<qint16>(bd.Parametros().Entero(QStringLiteral("Par_DiseñoFactura")));
+        const QString plantillaObras =
+            bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FOBRAS"));
         const ReporteObras eleccion = fnReporteObras(
             nDiseno, bObras, plantillaObras,
-            familias::Texto(bd, QStringLiteral("PAR_PLANTILLA_FAC")), fnCarpetaDatos());
+            bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FAC")), fnCarpetaDatos());
         std::unique_ptr<informe::Reporte> r;
         if (eleccion.fichero.isEmpty()) {
             r = familias::ReportePorNombre(eleccion.nombre);
@@ -195,7 +196,7 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras) {
             }
         }
         // The margin of the company's stationery, on every route.
-        r->TopMargin += static_cast<int>(familias::Entero(bd, QStringLiteral("Par_TopMarg")));
+        r->TopMargin += static_cast<int>(bd.Parametros().Entero(QStringLiteral("Par_TopMarg")));
 
         Ui().PunteroEspera(true);
         Ui().Cede();

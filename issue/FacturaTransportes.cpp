@@ -121,7 +121,7 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r) {
     AplicaCopia(r, f.Copia);
     AplicaMarcos(r, bd, e);
     MembreteGrupoA(r, bd, e, ContextoDe(f, 18));
-    if (familias::Entero(bd, QStringLiteral("Par_PrnEmp")) == 1) {
+    if (bd.Parametros().Entero(QStringLiteral("Par_PrnEmp")) == 1) {
         QStringList partes;
         if (!e.telefono.isEmpty()) {
             partes << QStringLiteral("Tlf. ") + e.telefono;
@@ -141,7 +141,7 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r) {
         }
         formula(r, QStringLiteral("cLiteralMail"), informe::Entrecomilla(correo));
     }
-    familias::LogoPorParametro(r, bd);
+    LogoPorParametro(r, bd);
 }
 
 } // namespace
@@ -174,8 +174,8 @@ DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids) {
     }
     Conexion& cn = bd.cn();
     const QVariantList p = parametros(ids);
-    const QString marcas = familias::Marcadores(ids.size());
-    const QString clave = familias::Texto(bd, QStringLiteral("PAR_PLANTILLA_FAC")).toUpper();
+    const QString marcas = MarcadoresSql(ids.size());
+    const QString clave = bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FAC")).toUpper();
     QString serie;
     if (clave == QLatin1String("PLT45")) {
         const Recordset s = cn.Execute(
@@ -226,7 +226,7 @@ DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids) {
 void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds) {
     familias::Ejecuta(mensajes::kAccionCancelada, mensajes::kErrorEmitiendo, [&] {
         BdSesion& bd = f.MyBd();
-        const qint64 copias = familias::Entero(bd, QStringLiteral("Par_NCopFac"));
+        const qint64 copias = bd.Parametros().Entero(QStringLiteral("Par_NCopFac"));
         if (copias > 1) {
             f.NumCopias = static_cast<qint16>(copias);
         }
@@ -238,7 +238,7 @@ void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         }
         std::unique_ptr<informe::Reporte> r = familias::ReportePorNombre(d.reporte.nombre);
         // The margin of the company's stationery, on every route.
-        r->TopMargin += static_cast<int>(familias::Entero(bd, QStringLiteral("Par_TopMarg")));
+        r->TopMargin += static_cast<int>(bd.Parametros().Entero(QStringLiteral("Par_TopMarg")));
         aplicaOpciones(f, *r);
         formula(*r, QStringLiteral("bControlNuevaGestion"),
                 d.nuevaGestion ? QStringLiteral("True") : QStringLiteral("False"));
