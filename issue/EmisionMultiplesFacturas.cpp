@@ -11,6 +11,7 @@
 #include "VKCRFACTURAS.h"
 #include "frmEmisionFacturas.h"
 #include "frmVisor.h"
+#include "spool/LayoutsTexto.h"
 
 #include <Ajustes.h>
 #include <ErrorBd.h>
@@ -99,7 +100,11 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
         if (f.Tipo_Emision == 1) {
             if (const auto layout =
                     fnLayoutTexto(par.Item(QStringLiteral("PAR_PLANTILLA_FAC")).Texto())) {
-                throw ErrorBd(mensajes::kLayoutTextoNoDisponible.arg(layout->nombre));
+                EjecutaLayoutTexto(layout->nombre, f, vIds);
+                // PLT15 goes on: its text and then the report of the route.
+                if (layout->terminaRun) {
+                    return;
+                }
             }
         } else {
             nDiseno = 0;
