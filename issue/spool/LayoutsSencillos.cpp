@@ -57,11 +57,11 @@ private:
         }
         Escribe(sangria + T("Cli_Doc"));
         Blancos(E("lineasAntesNumero"));
-        const QString numero = sangria + QStringLiteral("Factura: ") +
-                               Izquierda(T("Fav_Serie") + QLatin1Char('/') + T("Fav_Numero"), 9) +
-                               QStringLiteral(" Fecha: ") + Fecha("Fav_Fecha");
-        Escribe(Izquierda(numero, E("columnaPagina") - 1) + QStringLiteral("Pagina: ") +
-                Format(nPagina, QStringLiteral("00")));
+        Escribe(sangria + QStringLiteral("Factura: ") + T("Fav_Serie") + QLatin1Char('/') +
+                T("Fav_Numero"));
+        Escribe(Izquierda(sangria + QStringLiteral("Fecha..: ") + Fecha("Fav_Fecha"),
+                          E("columnaPagina") - 1) +
+                QStringLiteral("Pagina: ") + Format(nPagina, QStringLiteral("00")));
         Blancos(E("lineasAntesCuerpo"));
         TituloColumnas();
         bCabecera = true;
@@ -193,7 +193,7 @@ private:
         f.clave = QStringLiteral("PLT16");
         f.nLimite = 33;
         f.nAncho = 39;
-        f.estacionario = Estacionario{{"sangriaContinuacion", 20}};
+        f.estacionario = Estacionario{{"sangriaContinuacion", 19}};
         return f;
     }
     void Cabecera() override {
@@ -211,7 +211,7 @@ private:
         const QStringList aDes = Trozos(DescripcionLinea());
         const QString medida = QStringLiteral("#,##0.000");
         Escribe(
-            Cifra(D("Lav_Uni"), sMascara, 8) + QLatin1Char(' ') + Izquierda(T("Lav_CodArt"), 10) +
+            Cifra(D("Lav_Uni"), sMascara, 8) + QLatin1Char(' ') + Izquierda(T("Lav_CodArt"), 9) +
             QLatin1Char(' ') + Izquierda(aDes.value(0).left(nAncho), nAncho) + QLatin1Char(' ') +
             CifraSi(D("Lav_Largo"), medida, 9) + QLatin1Char(' ') +
             CifraSi(D("Lav_Ancho"), medida, 9) + QLatin1Char(' ') +

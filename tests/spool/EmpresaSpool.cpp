@@ -39,8 +39,8 @@ qint32 EmpresaSpool::cliente(const QString& nombre, const QString& apellido, con
 }
 
 qint32 EmpresaSpool::albaran(qint32 idCliente, const QDate& fecha,
-                             const std::vector<LineaSpool>& lineas) {
-    const qint32 id = e_.albaran(idCliente, fecha, 1, {});
+                             const std::vector<LineaSpool>& lineas, int regimen) {
+    const qint32 id = e_.albaran(idCliente, fecha, regimen, {});
     e_.cn().Execute(QStringLiteral("UPDATE Cav SET Cav_Numero = ? WHERE Cav_Id = ?"),
                     {siguienteAlbaran_++, id});
     int orden = 1;
@@ -66,7 +66,7 @@ qint32 EmpresaSpool::albaran(qint32 idCliente, const QDate& fecha,
              l.dto2,
              importe,
              l.resDes,
-             e_.tipoIva(1, l.familia, QDate(2026, 1, 1)),
+             e_.tipoIva(l.regimen, l.familia, QDate(2026, 1, 1)),
              l.lote,
              l.bulto,
              l.largo,
@@ -77,6 +77,17 @@ qint32 EmpresaSpool::albaran(qint32 idCliente, const QDate& fecha,
              l.idParte});
     }
     return id;
+}
+
+QVector<qint32> EmpresaSpool::lineas(qint32 idAlbaran) {
+    QVector<qint32> r;
+    for (Recordset rs = e_.cn().Execute(
+             QStringLiteral("SELECT Lav_Id FROM Lav WHERE Lav_IdCav = ? ORDER BY Lav_Orden"),
+             {idAlbaran});
+         !rs.Eof(); rs.MoveNext()) {
+        r << static_cast<qint32>(rs.Fields(0).Entero());
+    }
+    return r;
 }
 
 qint32 EmpresaSpool::factura(qint32 idCliente, const QDate& fecha,

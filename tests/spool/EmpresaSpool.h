@@ -35,6 +35,7 @@ struct LineaSpool {
     double dto1 = 0;
     double dto2 = 0;
     int familia = 1; // rate family: 1 general, 2 reduced, 3 super-reduced
+    int regimen = 1; // 2 equivalence surcharge, 3 professional withholding
     QString ampliades = {};
     QString codigo = {};
     QString lote = {};
@@ -63,7 +64,10 @@ public:
                    qint32 idFco);
     qint32 formaPago(const QString& descripcion, const std::vector<std::pair<int, double>>& plazos);
     // A delivery note of the customer with these lines.
-    qint32 albaran(qint32 idCliente, const QDate& fecha, const std::vector<LineaSpool>& lineas);
+    qint32 albaran(qint32 idCliente, const QDate& fecha, const std::vector<LineaSpool>& lineas,
+                   int regimen = 1);
+    // The ids of a note's lines in their order.
+    QVector<qint32> lineas(qint32 idAlbaran);
     // The invoice of the notes, calculated and saved with its receipts, at
     // the fixed address of "C/ Mayor 12, 46001 Valencia".
     qint32 factura(qint32 idCliente, const QDate& fecha, const std::vector<qint32>& albaranes,
