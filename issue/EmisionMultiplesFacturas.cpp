@@ -13,6 +13,7 @@
 #include "TablaReportes.h"
 #include "VKCRFACTURAS.h"
 #include "frmEmisionFacturas.h"
+#include "spool/LayoutsTexto.h"
 
 #include <ErrorBd.h>
 #include <Interaccion.h>
@@ -90,7 +91,11 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
         if (f.Tipo_Emision == 1) {
             if (const auto layout =
                     fnLayoutTexto(par.Item(QStringLiteral("PAR_PLANTILLA_FAC")).Texto())) {
-                throw ErrorBd(mensajes::kLayoutTextoNoDisponible.arg(layout->nombre));
+                EjecutaLayoutTexto(layout->nombre, f, vIds);
+                // PLT15 goes on: its text and then the report of the route.
+                if (layout->terminaRun) {
+                    return;
+                }
             }
         } else {
             nDiseno = 0;

@@ -7,8 +7,6 @@ namespace vk::mensajes {
 
 inline const QString kErrorEmitiendo = QStringLiteral("Error Emitiendo Factura");
 inline const QString kAccionCancelada = QStringLiteral("Acción Cancelada");
-inline const QString kLayoutTextoNoDisponible = QStringLiteral(
-    "El diseño de impresión en texto %1 todavía no está disponible en esta instalación.");
 // The works and transport families name their failures apart.
 inline const QString kGeneradorInformes = QStringLiteral("Generador de Informes");
 inline const QString kErrorGenerando = QStringLiteral("Error Generando Factura");
