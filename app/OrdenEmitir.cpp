@@ -8,6 +8,7 @@
 #include <Ficheros.h>
 #include <InteraccionGuion.h>
 #include <MensajesEmision.h>
+#include <MensajesSpool.h>
 #include <QDir>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
@@ -49,7 +50,9 @@ public:
     }
     bool HuboError() const {
         for (const MensajeVisto& m : vistos) {
-            if (m.titulo == mensajes::kAccionCancelada) {
+            // The text layouts tell of an unreachable printer under no title.
+            if (m.titulo == mensajes::kAccionCancelada ||
+                m.texto == mensajes::kErrorAccesoDispositivo) {
                 return true;
             }
         }

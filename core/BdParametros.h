@@ -42,6 +42,14 @@ public:
     BdParametro& Item(const QString& nombre);
     const BdParametro& Item(const QString& nombre) const;
     bool Existe(const QString& nombre) const { return buscar(nombre) >= 0; }
+    // The value of a column, 0 or the trimmed empty text when it is NULL or
+    // the row lacks it: for settings a company may not have.
+    qint64 Entero(const QString& nombre) const {
+        return Existe(nombre) ? Item(nombre).Entero() : 0;
+    }
+    QString Texto(const QString& nombre) const {
+        return Existe(nombre) ? Item(nombre).Texto().trimmed() : QString();
+    }
     int Count() const { return static_cast<int>(items_.size()); }
     bool TieneFila() const { return tieneFila_; }
 

@@ -2,6 +2,7 @@
 
 #include "ErrorBd.h"
 #include "Redondeo.h"
+#include "Semilla.h"
 
 #include <QDate>
 #include <QHash>
@@ -343,6 +344,8 @@ const ParNumero kParNumeros[] = {
     // The invoice prints the company's letterhead, both foot lines and the
     // payment terms.
     {"Par_PrnEmp", 1}, {"Par_PrnL1", 1}, {"Par_PrnL2", 1}, {"Par_PrintFco", 1},
+    // Its logo, 1,8 cm square (the stored X is the height, the Y the width).
+    {"Par_prnlogo", 1}, {"Par_ImgPosX", 1020}, {"Par_ImgPosY", 1020},
 };
 // clang-format on
 
@@ -468,6 +471,8 @@ void actualizaParametros(BdSesion& s) {
         f.num(n.columna, n.valor);
     }
     f.texto("Par_Catalog", s.Catalogo()).actualiza();
+    s.cn().Execute(QStringLiteral("UPDATE Parametros SET Par_ImagenLogo = ?"),
+                   {LeeRecursoSemilla(QStringLiteral(":/semilla/logo-demo.png"))});
 
     // PAR_FLOPD prints this clause on every invoice.
     if (s.cn().Execute(QStringLiteral("SELECT 1 FROM ParamTextos WHERE PTex_Tipo = 0")).Eof()) {

@@ -13,6 +13,16 @@ static void registraRecursosSemilla() {
 
 namespace vk {
 
+QByteArray LeeRecursoSemilla(const QString& recurso) {
+    static const bool registrados = (registraRecursosSemilla(), true);
+    (void)registrados;
+    QFile f(recurso);
+    if (!f.open(QIODevice::ReadOnly)) {
+        throw ErrorBd(QStringLiteral("No se pueden leer los datos de referencia %1.").arg(recurso));
+    }
+    return f.readAll();
+}
+
 namespace {
 
 struct Csv {
@@ -23,14 +33,9 @@ struct Csv {
 // The files are plain: a header, comma separated values without quotes, and
 // lines starting with '#' as comments.
 Csv leeCsv(const QString& recurso) {
-    static const bool registrados = (registraRecursosSemilla(), true);
-    (void)registrados;
-    QFile f(recurso);
-    if (!f.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        throw ErrorBd(QStringLiteral("No se pueden leer los datos de referencia %1.").arg(recurso));
-    }
     Csv csv;
-    for (const QString& linea : QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'))) {
+    for (const QString& linea :
+         QString::fromUtf8(LeeRecursoSemilla(recurso)).split(QLatin1Char('\n'))) {
         const QString l = linea.trimmed();
         if (l.isEmpty() || l.startsWith(QLatin1Char('#'))) {
             continue;

@@ -14,4 +14,7 @@ int SiembraDatosComunes(BdSesion& s);
 // The company's one Parametros row, when it has none.
 void SiembraDatosEmpresa(BdSesion& s);
 
+// A file compiled in with the reference data (":/semilla/tivas.csv").
+QByteArray LeeRecursoSemilla(const QString& recurso);
+
 } // namespace vk

@@ -5,6 +5,7 @@
 #include <ErrorBd.h>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStandardPaths>
@@ -60,6 +61,9 @@ QStringList carpetas() {
     return {CarpetaDisenos(), kRecursos};
 }
 
+QJsonObject leeConBase(const QString& ruta, const QString& nombre, int siguiente,
+                       QStringList& cadena);
+
 // The design found from level `desde` on, with its extension merged in.
 QJsonObject leeDesde(const QString& nombre, int desde, QStringList& cadena) {
     const QStringList niveles = carpetas();
@@ -74,22 +78,29 @@ QJsonObject leeDesde(const QString& nombre, int desde, QStringList& cadena) {
                               .arg(cadena.join(QStringLiteral(" → "))));
         }
         cadena << clave;
-        QJsonObject diseno = leeFichero(ruta);
-        const QString base = diseno.value(QStringLiteral("Extiende")).toString();
-        if (!base.isEmpty()) {
-            // A design that extends its own name builds on the next level
-            // down: an installation's file changing the built-in one.
-            const bool mismo = base.compare(nombre, Qt::CaseInsensitive) == 0;
-            const QJsonObject padre = leeDesde(base, mismo ? n + 1 : 0, cadena);
-            diseno.remove(QStringLiteral("Extiende"));
-            diseno = FusionaDisenos(padre, diseno);
-        }
-        if (!diseno.contains(QStringLiteral("Name")) || !base.isEmpty()) {
-            diseno.insert(QStringLiteral("Name"), nombre);
-        }
-        return diseno;
+        return leeConBase(ruta, nombre, n + 1, cadena);
     }
     throw ErrorBd(QStringLiteral("No existe el diseño de informe %1.").arg(nombre));
+}
+
+// The design of the file with the one it extends merged in. A base of its
+// own name is looked for from level `siguiente` on.
+QJsonObject leeConBase(const QString& ruta, const QString& nombre, int siguiente,
+                       QStringList& cadena) {
+    QJsonObject diseno = leeFichero(ruta);
+    const QString base = diseno.value(QStringLiteral("Extiende")).toString();
+    if (!base.isEmpty()) {
+        // A design that extends its own name builds on the next level
+        // down: an installation's file changing the built-in one.
+        const bool mismo = base.compare(nombre, Qt::CaseInsensitive) == 0;
+        const QJsonObject padre = leeDesde(base, mismo ? siguiente : 0, cadena);
+        diseno.remove(QStringLiteral("Extiende"));
+        diseno = FusionaDisenos(padre, diseno);
+    }
+    if (!diseno.contains(QStringLiteral("Name")) || !base.isEmpty()) {
+        diseno.insert(QStringLiteral("Name"), nombre);
+    }
+    return diseno;
 }
 
 QString nombreDe(const QJsonValue& v) {
@@ -331,6 +342,15 @@ std::unique_ptr<Reporte> ConstruyeReporte(const QJsonObject& d) {
 
 std::unique_ptr<Reporte> CargaDiseno(const QString& nombreReporte) {
     return ConstruyeReporte(LeeDiseno(nombreReporte));
+}
+
+std::unique_ptr<Reporte> CargaDisenoFichero(const QString& ruta) {
+    const QFileInfo info(ruta);
+    if (!info.isFile()) {
+        throw ErrorBd(QStringLiteral("No existe el fichero %1.").arg(ruta));
+    }
+    QStringList cadena{info.absoluteFilePath().toLower()};
+    return ConstruyeReporte(leeConBase(ruta, info.completeBaseName(), 0, cadena));
 }
 
 } // namespace vk::informe

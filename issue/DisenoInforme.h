@@ -26,6 +26,11 @@ std::unique_ptr<Reporte> ConstruyeReporte(const QJsonObject& diseno);
 // LeeDiseno and ConstruyeReporte: what the issue code calls.
 std::unique_ptr<Reporte> CargaDiseno(const QString& nombreReporte);
 
+// A design file opened directly by its path (an installation's own invoice
+// template), named after the file; it may extend designs by name. Throws
+// ErrorBd when the file is missing, unreadable or not a valid design.
+std::unique_ptr<Reporte> CargaDisenoFichero(const QString& ruta);
+
 // Merges a derived design onto its base: top-level values replace; the lists
 // Grupos, FormulaFields, Sections and a section's Objetos merge item by item by
 // Name (case-insensitive): a named item changes only the keys it gives, an

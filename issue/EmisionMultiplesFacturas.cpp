@@ -3,22 +3,20 @@
 // delivers by the route the facade's Tipo_Emision names.
 #include "DisenoInforme.h"
 #include "EmisionInforme.h"
+#include "FacturaObras.h"
+#include "FacturaTransportes.h"
 #include "Ficheros.h"
 #include "MensajesEmision.h"
 #include "OpcionesInforme.h"
-#include "RenderizadorInforme.h"
+#include "RutasEmision.h"
 #include "SqlFacturas.h"
 #include "TablaReportes.h"
 #include "VKCRFACTURAS.h"
 #include "frmEmisionFacturas.h"
-#include "frmVisor.h"
+#include "spool/LayoutsTexto.h"
 
-#include <Ajustes.h>
 #include <ErrorBd.h>
 #include <Interaccion.h>
-#include <QDir>
-#include <QFile>
-#include <QPrinter>
 #include <VKFACVENTAS.h>
 
 namespace vk {
@@ -42,14 +40,7 @@ public:
 private:
     void ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qint32>& vIds, bool bForce,
                  qint16 nOrigen, bool& retencionCambiada);
-    void viaPantalla(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> r, const Recordset& rs);
-    void viaImpresora(VKFACVENTAS& f, informe::Reporte& r);
-    void viaPdf(VKFACVENTAS& f, informe::Reporte& r, const Recordset& rs);
 };
-
-QString numeroDe(const Recordset& rs) {
-    return QString::number(rs.Fields(QStringLiteral("Fav_Numero")).Entero());
-}
 
 void EmisorIncorporado::EmisionMultiplesFacturas(VKFACVENTAS& f, qint16 nDiseno, bool,
                                                  const QVector<qint32>& vIds, bool bForce,
@@ -100,7 +91,11 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
         if (f.Tipo_Emision == 1) {
             if (const auto layout =
                     fnLayoutTexto(par.Item(QStringLiteral("PAR_PLANTILLA_FAC")).Texto())) {
-                throw ErrorBd(mensajes::kLayoutTextoNoDisponible.arg(layout->nombre));
+                EjecutaLayoutTexto(layout->nombre, f, vIds);
+                // PLT15 goes on: its text and then the report of the route.
+                if (layout->terminaRun) {
+                    return;
+                }
             }
         } else {
             nDiseno = 0;
@@ -116,12 +111,16 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
     if (nOrigen == 0) {
         switch (par.Item(kDiseno).Entero()) {
         case 5:
+            msFacturaObras(f, vIds, false);
+            return;
         case 7:
         case 9:
         case 11:
-            throw ErrorBd(mensajes::kFamiliaNoDisponible.arg(QStringLiteral("obras")));
+            msFacturaObras(f, vIds, true);
+            return;
         case 18:
-            throw ErrorBd(mensajes::kFamiliaNoDisponible.arg(QStringLiteral("transportes")));
+            msFacturaTransportes(f, vIds);
+            return;
         default:
             break;
         }
@@ -174,88 +173,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
         r->Subreport(2).Database.Tables.Item(1).SetDataSource(LeeComposicionFacturas(bd, vIds), 3);
     }
 
-    switch (f.Tipo_Emision) {
-    case 0:
-        viaPantalla(f, std::move(r), rs);
-        break;
-    case 1:
-        viaImpresora(f, *r);
-        break;
-    case 2:
-        viaPdf(f, *r, rs);
-        break;
-    case 3:
-        throw ErrorBd(mensajes::kCorreoNoDisponible);
-    default:
-        break; // a value above 3 delivers nothing
-    }
-}
-
-void EmisorIncorporado::viaPantalla(VKFACVENTAS&, std::unique_ptr<informe::Reporte> r,
-                                    const Recordset& rs) {
-    QStringList facturas;
-    Recordset filas = rs;
-    for (filas.MoveFirst(); !filas.Eof(); filas.MoveNext()) {
-        const QString f =
-            filas.Fields(QStringLiteral("Fav_Serie")).Texto() + QLatin1Char('/') + numeroDe(filas);
-        if (!facturas.contains(f)) {
-            facturas << f;
-        }
-    }
-    frmVisor visor(std::shared_ptr<informe::Reporte>(std::move(r)), facturas);
-    Ui().MuestraDialogo(visor);
-}
-
-void EmisorIncorporado::viaImpresora(VKFACVENTAS& f, informe::Reporte& r) {
-    const qint64 margen = f.MyBd().Parametros().Item(QStringLiteral("Par_TopMarg")).Entero();
-    if (margen != 0) {
-        r.TopMargin += static_cast<int>(margen);
-    }
-    const QString actual =
-        LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("Printer"));
-    const QString impresora = Ui().EligeImpresora(actual).value_or(actual);
-    QPrinter printer(QPrinter::HighResolution);
-    if (impresora.startsWith(QLatin1Char('/'))) {
-        // A path instead of a queue: print to that file, as a print-to-file
-        // printer does.
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(impresora);
-    } else if (!impresora.isEmpty()) {
-        printer.setPrinterName(impresora);
-    }
-    printer.setCopyCount(std::max<int>(1, f.NumCopias));
-    if (!printer.isValid()) {
-        throw ErrorBd(mensajes::kImpresoraNoValida.arg(impresora));
-    }
-    informe::RenderizaInforme(r, printer);
-}
-
-void EmisorIncorporado::viaPdf(VKFACVENTAS& f, informe::Reporte& r, const Recordset& rs) {
-    Recordset primera = rs;
-    primera.MoveFirst();
-    const QString numero = numeroDe(primera);
-    r.ReportTitle = QStringLiteral("Factura %1/%2")
-                        .arg(primera.Fields(QStringLiteral("Fav_Serie")).Texto(), numero);
-    const QString carpeta =
-        f.RutaFicheroPdf.size() > 3 ? f.RutaFicheroPdf : fnCarpetaFdoc(f.MyBd().IdUsuario());
-    QString ruta = QDir(carpeta).filePath(QStringLiteral("F_") + numero + QStringLiteral(".pdf"));
-    f.PdfOutFile = ruta;
-    QFile::remove(ruta);
-    if (ruta.size() <= 3) {
-        const std::optional<QString> elegido =
-            Ui().PideTexto(mensajes::kFicheroPdf, r.ReportTitle, QString());
-        if (!elegido || elegido->trimmed().isEmpty()) {
-            return;
-        }
-        ruta = elegido->trimmed();
-        f.PdfOutFile = ruta;
-    }
-    EscribePdf(r, ruta);
-    // Signing arrives with the mail route: until then the file is the
-    // unsigned one, and opening it is ours.
-    if (f.VisualizarPDF) {
-        fnAbreFichero(f.PdfOutFile);
-    }
+    EntregaInforme(f, std::move(r), rs);
 }
 
 } // namespace

@@ -7,10 +7,13 @@ namespace vk::mensajes {
 
 inline const QString kErrorEmitiendo = QStringLiteral("Error Emitiendo Factura");
 inline const QString kAccionCancelada = QStringLiteral("Acción Cancelada");
-inline const QString kLayoutTextoNoDisponible = QStringLiteral(
-    "El diseño de impresión en texto %1 todavía no está disponible en esta instalación.");
-inline const QString kFamiliaNoDisponible =
-    QStringLiteral("La emisión de facturas de %1 todavía no está disponible en esta instalación.");
+// The works and transport families name their failures apart.
+inline const QString kGeneradorInformes = QStringLiteral("Generador de Informes");
+inline const QString kErrorGenerando = QStringLiteral("Error Generando Factura");
+inline const QString kPlantillaPersonalNoPresente =
+    QStringLiteral("Plantilla de factura personal no presente");
+inline const QString kErrorAperturandoPlantilla =
+    QStringLiteral("Error aperturando fichero plantilla de factura");
 inline const QString kCorreoNoDisponible =
     QStringLiteral("El envío de facturas por correo electrónico todavía no está disponible en esta "
                    "instalación.");

@@ -36,11 +36,6 @@ bool enLista(const QString& valor, std::initializer_list<const char*> lista) {
     return false;
 }
 
-qint64 entero(BdSesion& bd, const char* nombre) {
-    const QString n = QString::fromUtf8(nombre);
-    return bd.Parametros().Existe(n) ? bd.Parametros().Item(n).Entero() : 0;
-}
-
 void formula(Reporte& r, const QString& nombre, const QString& texto) {
     if (informe::FormulaField* f = r.FormulaFields.Busca(nombre)) {
         f->Text = texto;
@@ -162,7 +157,7 @@ Brazo brazoDe(const QString& nombre, const ContextoInforme& c) {
 }
 
 void reglaBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
-    const bool bultos = entero(bd, "par_bultos") != 0;
+    const bool bultos = bd.Parametros().Entero(QStringLiteral("par_bultos")) != 0;
     suprime(r, QStringLiteral("CajasBultos"), !bultos);
     suprime(r, QStringLiteral("LavBulto1"), !bultos);
     if (informe::ObjetoInforme* d = r.BuscaObjeto(QStringLiteral("LiteralDescripcion1"))) {
@@ -172,9 +167,10 @@ void reglaBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
         } else if (c.nDiseno == 16 && !es(c.plantilla, "PLT39")) {
             sin = 7200;
         }
-        d->Width = bultos ? 6800 : sin;
-        d->HorAlignment =
-            entero(bd, "Par_Justificar") == 1 ? informe::crJustified : informe::crLeftAlign;
+        d->Width = r.AnchoDescripcion(bultos ? 6800 : sin);
+        d->HorAlignment = bd.Parametros().Entero(QStringLiteral("Par_Justificar")) == 1
+                              ? informe::crJustified
+                              : informe::crLeftAlign;
     }
 }
 
@@ -203,20 +199,7 @@ void papelMembrete(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
     if (c.prnEmp != 1) {
         membreteVacio(r);
     }
-    if (entero(bd, "Par_prnl1") == 0) {
-        formula(r, QStringLiteral("pLiteralLinea1"), kVacio);
-    }
-    if (entero(bd, "Par_prnl2") == 0) {
-        formula(r, QStringLiteral("pLiteralLinea2"), kVacio);
-    }
-}
-
-void logoPorParametro(Reporte& r, BdSesion& bd) {
-    if (entero(bd, "Par_prnlogo") == 1) {
-        ColocaLogo(r, bd, bd.IdUsuario());
-    } else {
-        suprime(r, QStringLiteral("LogoEmpresa"), true);
-    }
+    PiesPorParametro(r, bd);
 }
 
 } // namespace
@@ -236,7 +219,7 @@ ContextoInforme ContextoDe(const VKFACVENTAS& f, qint16 nDiseno) {
 }
 
 void OpcionProteccionDatos(Reporte& r, BdSesion& bd) {
-    const bool lopd = entero(bd, "PAR_FLOPD") != 0;
+    const bool lopd = bd.Parametros().Entero(QStringLiteral("PAR_FLOPD")) != 0;
     suprime(r, QStringLiteral("GroupLopd"), !lopd);
     if (lopd) {
         formula(r, QStringLiteral("lopd"), Entrecomilla(sTextoLOPD));
@@ -244,7 +227,8 @@ void OpcionProteccionDatos(Reporte& r, BdSesion& bd) {
 }
 
 void OpcionFormaPago(Reporte& r, BdSesion& bd) {
-    suprime(r, QStringLiteral("GroupCpago"), entero(bd, "Par_PrintFco") == 0);
+    suprime(r, QStringLiteral("GroupCpago"),
+            bd.Parametros().Entero(QStringLiteral("Par_PrintFco")) == 0);
 }
 
 void OpcionBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
@@ -255,7 +239,7 @@ void OpcionBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
         suprime(r, QStringLiteral("CajasBultos"), false);
         suprime(r, QStringLiteral("LavBulto1"), true);
         if (informe::ObjetoInforme* d = r.BuscaObjeto(QStringLiteral("LiteralDescripcion1"))) {
-            d->Width = 6633;
+            d->Width = r.AnchoDescripcion(6633);
         }
         return;
     }
@@ -264,11 +248,12 @@ void OpcionBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
 
 void OpcionLotes(Reporte& r, BdSesion& bd) {
     formula(r, QStringLiteral("bControlLotes"),
-            entero(bd, "Par_Lotes") == 0 ? QStringLiteral("False") : QStringLiteral("True"));
+            bd.Parametros().Entero(QStringLiteral("Par_Lotes")) == 0 ? QStringLiteral("False")
+                                                                     : QStringLiteral("True"));
 }
 
 void OpcionAgente(Reporte& r, BdSesion& bd) {
-    if (entero(bd, "Par_NComer") == 0) {
+    if (bd.Parametros().Entero(QStringLiteral("Par_NComer")) == 0) {
         formula(r, QStringLiteral("cLiteralComer"), kVacio);
     }
 }
@@ -280,7 +265,8 @@ void OpcionLotesAgente(Reporte& r, BdSesion& bd) {
 
 void OpcionDescripcionAmpliada(Reporte& r, BdSesion& bd) {
     formula(r, QStringLiteral("bControlDesAmp"),
-            entero(bd, "Par_FacDesAmp") == 0 ? QStringLiteral("True") : QStringLiteral("False"));
+            bd.Parametros().Entero(QStringLiteral("Par_FacDesAmp")) == 0 ? QStringLiteral("True")
+                                                                         : QStringLiteral("False"));
 }
 
 void AplicaOpcionesReporte(Reporte& r, BdSesion& bd, const EmpresaEmision& e,
@@ -342,10 +328,26 @@ void AplicaCopia(Reporte& r, bool copia) {
 }
 
 void AplicaMarcos(Reporte& r, BdSesion& bd, const EmpresaEmision& e) {
-    if (entero(bd, "Par_Sincuadros") != 0 &&
+    if (bd.Parametros().Entero(QStringLiteral("Par_Sincuadros")) != 0 &&
         !e.nombre.contains(QLatin1String("PLT18"), Qt::CaseInsensitive)) {
         suprime(r, QStringLiteral("Box1"), true);
         suprime(r, QStringLiteral("Box2"), true);
+    }
+}
+
+void PiesPorParametro(Reporte& r, BdSesion& bd) {
+    for (int i = 1; i <= 2; ++i) {
+        if (bd.Parametros().Entero(QStringLiteral("Par_PrnL%1").arg(i)) == 0) {
+            formula(r, QStringLiteral("pLiteralLinea%1").arg(i), kVacio);
+        }
+    }
+}
+
+void LogoPorParametro(Reporte& r, BdSesion& bd) {
+    if (bd.Parametros().Entero(QStringLiteral("Par_prnlogo")) == 1) {
+        ColocaLogo(r, bd, bd.IdUsuario()); // suppresses the logo when it fails
+    } else {
+        suprime(r, QStringLiteral("LogoEmpresa"), true);
     }
 }
 
@@ -382,7 +384,7 @@ void MembreteGrupoA(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
         formula(r, QStringLiteral("cLiteralTelefono"),
                 Entrecomilla(QStringLiteral("Tlf. ") + e.telefono + QStringLiteral(" - Fax.") +
                              e.fax + QStringLiteral(" - Email.") + e.correo));
-    } else if (entero(bd, "Par_PrnEmp") == 1) {
+    } else if (bd.Parametros().Entero(QStringLiteral("Par_PrnEmp")) == 1) {
         QString tlf;
         if (es(k, "PLT34")) {
             QStringList partes;
@@ -436,7 +438,7 @@ void AplicaMembrete(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
         PiesFactura(r, e);
     }
 
-    if (entero(bd, "Par_PrintFco") == 0) {
+    if (bd.Parametros().Entero(QStringLiteral("Par_PrintFco")) == 0) {
         for (const char* n : {"txtConPago", "txtVencimientos"}) {
             suprime(r, QString::fromLatin1(n), true);
         }
@@ -447,7 +449,7 @@ void AplicaMembrete(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
             suprime(r, QStringLiteral("LiteralVto%1").arg(i * 10 + 1), true);
         }
     }
-    if (entero(bd, "Par_DiseñoFactura") == 6) {
+    if (bd.Parametros().Entero(QStringLiteral("Par_DiseñoFactura")) == 6) {
         // A tinted heading prints black on an impact printer.
         for (const char* n :
              {"txtColConcepto", "txtColCantidad", "txtColImporte", "txtColPrecio", "Text9"}) {
@@ -497,7 +499,8 @@ bool ColocaLogo(Reporte& r, BdSesion& bd, qint32 idUsuario) {
     if (informe::ObjetoInforme* logo = r.BuscaObjeto(QStringLiteral("LogoEmpresa"))) {
         // The stored X is the height and the Y the width. A company that
         // never placed its logo keeps the design's size.
-        const qint64 x = entero(bd, "Par_ImgPosX"), y = entero(bd, "Par_ImgPosY");
+        const qint64 x = bd.Parametros().Entero(QStringLiteral("Par_ImgPosX")),
+                     y = bd.Parametros().Entero(QStringLiteral("Par_ImgPosY"));
         if (x > 0 && y > 0) {
             logo->Height = static_cast<int>(x);
             logo->Width = static_cast<int>(y);
@@ -509,12 +512,12 @@ bool ColocaLogo(Reporte& r, BdSesion& bd, qint32 idUsuario) {
 void AplicaPapel(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
     const QString& k = c.plantilla;
     const qint16 d = c.nDiseno;
-    const bool logoSi = entero(bd, "Par_prnlogo") == 1;
+    const bool logoSi = bd.Parametros().Entero(QStringLiteral("Par_prnlogo")) == 1;
     if (c.tipoEmision == 0 || c.tipoEmision == 1) {
         if (d == 0 || d == 10 || d == 12 || d == 13 || d == 19) {
             papelMembrete(r, bd, c);
             if (es(k, "PLT23")) {
-                logoPorParametro(r, bd);
+                LogoPorParametro(r, bd);
             }
         } else if (d == 1) {
             if (es(k, "PLT23")) {

@@ -52,6 +52,10 @@ void AplicaMarcos(informe::Reporte& r, BdSesion& bd, const EmpresaEmision& e);
 // 19), steps 2 to 7; the volume prompt of design 16 is AplicaMembrete's.
 void MembreteGrupoA(informe::Reporte& r, BdSesion& bd, const EmpresaEmision& e,
                     const ContextoInforme& c);
+// The foot lines that Par_PrnL1 and Par_PrnL2 leave off become empty.
+void PiesPorParametro(informe::Reporte& r, BdSesion& bd);
+// The logo by Par_prnlogo: extracted and shown, or suppressed.
+void LogoPorParametro(informe::Reporte& r, BdSesion& bd);
 // pLiteralLinea1 and pLiteralLinea2: the company's foot lines.
 void PiesFactura(informe::Reporte& r, const EmpresaEmision& e);
 // The letterhead by design group A, B or C, then the payment terms fields and

@@ -2,6 +2,7 @@
 
 #include <ErrorBd.h>
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 namespace vk::informe {
@@ -38,6 +39,18 @@ ObjetoInforme& Seccion::Objeto(const QString& nombre) {
         return *o;
     }
     throw ErrorBd(QStringLiteral("La sección %1 no tiene el objeto %2.").arg(Name, nombre));
+}
+
+int Reporte::AnchoDescripcion(int figura) const {
+    constexpr int kSinBultos = 7365, kConBultos = 6800;
+    if (figura == kConBultos && AnchoDescripcionConBultos > 0) {
+        return AnchoDescripcionConBultos;
+    }
+    if (AnchoDescripcionSinBultos <= 0) {
+        return figura;
+    }
+    return static_cast<int>(
+        std::lround(static_cast<double>(figura) * AnchoDescripcionSinBultos / kSinBultos));
 }
 
 Reporte& Reporte::Subreport(int indice) {

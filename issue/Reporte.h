@@ -185,10 +185,15 @@ public:
     // Paper and margins in twips (A4 by default).
     int AnchoPapel = 11906, AltoPapel = 16838;
     int TopMargin = 567, BottomMargin = 567, LeftMargin = 567, RightMargin = 567;
-    // Widths of LiteralDescripcion1 with and without the packages column. The
-    // defaults are the figures of the legacy report designs; a design of
-    // another scale states its own.
-    int AnchoDescripcionConBultos = 6800, AnchoDescripcionSinBultos = 7365;
+    // The issue code sets the width of LiteralDescripcion1 in the figures of
+    // the legacy designs (7365 without packages, 6800 with them, 6633, 6400,
+    // 7200, 5000). A design drawn at another scale states its own widths for
+    // the first two; 0 means the legacy scale.
+    int AnchoDescripcionConBultos = 0, AnchoDescripcionSinBultos = 0;
+    // The width of a legacy figure on this design: its own figure for the
+    // two it states, the others scaled as 7365 is to its width without
+    // packages.
+    int AnchoDescripcion(int figuraLegada) const;
 
     std::vector<Grupo> Grupos;
     ColeccionSecciones Sections;

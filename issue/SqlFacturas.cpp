@@ -110,6 +110,10 @@ QString fnSqlFacturas(BdSesion& bd) {
     return sql;
 }
 
+QString MarcadoresSql(qsizetype n) {
+    return QStringList(n, QStringLiteral("?")).join(QStringLiteral(", "));
+}
+
 namespace {
 
 // "?, ?, ?" and the ids to bind to it.
@@ -117,7 +121,7 @@ QString marcadores(const QVector<qint32>& ids, QVariantList& params) {
     for (const qint32 id : ids) {
         params << id;
     }
-    return QStringList(params.size(), QStringLiteral("?")).join(QStringLiteral(", "));
+    return MarcadoresSql(ids.size());
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, the tests and the demo need, only
-# those that are missing, so a second run costs nothing.
+# those that are missing, so a second run costs nothing. CUPS gives the spool
+# its lp and lpstat, and the tests a private scheduler (cupsd, the pass-through
+# filter) for a queue of their own.
 set -euo pipefail
 
 paquetes=(
@@ -10,6 +12,7 @@ paquetes=(
     libgtest-dev libgmock-dev googletest libbenchmark-dev
     fonts-dejavu-core fonts-liberation2
     poppler-utils qpdf
+    cups cups-client
 )
 
 faltan=()

@@ -1,7 +1,9 @@
 // The command line as a person runs it: real processes on both backends.
 #include "BasePrueba.h"
 
+#include <BdSesion.h>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -170,6 +172,45 @@ TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
                  QStringLiteral("--pdf"), pdf.path()});
     EXPECT_NE(s.codigo, 0);
     EXPECT_TRUE(s.texto.contains(QStringLiteral("No hay facturas de la serie Z")));
+}
+
+TEST_P(Ordenes, EmitirToAPathPrintsTheTextLayoutOfDesignSix) {
+    ASSERT_EQ(
+        ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")})
+            .codigo,
+        0);
+    ASSERT_EQ(ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db,
+                       QStringLiteral("--fecha"), QStringLiteral("20/11/2026")})
+                  .codigo,
+              0);
+    BdSesion::Abre(db)->cn().Execute(QStringLiteral(
+        "UPDATE Parametros SET Par_DiseñoFactura = 6, PAR_PLANTILLA_FAC = 'matricial'"));
+    QTemporaryDir dir;
+    const QString impresora = dir.filePath(QStringLiteral("matricial.prn"));
+    const QStringList emitir{
+        QStringLiteral("emitir"),      QStringLiteral("--db"),       db,
+        QStringLiteral("--serie"),     QStringLiteral("A"),          QStringLiteral("--desde"),
+        QStringLiteral("1"),           QStringLiteral("--hasta"),    QStringLiteral("2"),
+        QStringLiteral("--albaranes"), QStringLiteral("--impresora")};
+    Salida s = ejecuta(emitir + QStringList{impresora});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Trabajo de 2 facturas enviado a la impresora")));
+    QFile f(impresora);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray bytes = f.readAll();
+    // Text for the impact printer, in its code page: both invoices, their
+    // notes, a form feed between them.
+    EXPECT_TRUE(bytes.startsWith("\x12\r\n"));
+    EXPECT_TRUE(bytes.contains("Factura......: A/1 "));
+    EXPECT_TRUE(bytes.contains("Factura......: A/2 "));
+    EXPECT_TRUE(bytes.contains("Albar\xa0n n\xa7: "));
+    EXPECT_TRUE(bytes.contains('\f'));
+    EXPECT_FALSE(bytes.contains("%PDF"));
+    // A printer that cannot be reached: nothing printed, exit status not 0.
+    s = ejecuta(emitir + QStringList{dir.filePath(QStringLiteral("no/existe.prn"))});
+    EXPECT_NE(s.codigo, 0);
+    EXPECT_TRUE(s.texto.contains(QStringLiteral("Error de acceso al dispositivo de impresión")))
+        << s.texto.toStdString();
 }
 
 // The demo company lives on SQLite in a folder by definition; the commands it

@@ -3,6 +3,7 @@
 // objects are suppressed, where they stand, and what each formula holds.
 #include "EmpresaPrueba.h"
 
+#include <DisenoInforme.h>
 #include <EmisionInforme.h>
 #include <Formula.h>
 #include <MensajesEmision.h>
@@ -183,6 +184,27 @@ TEST_P(Opciones, OptionRowsFollowTheParameters) {
                 "LiteralDescripcion1")
                   .Width,
               7365);
+}
+
+// A design drawn at its own scale gets the legacy widths translated to it.
+TEST_P(Opciones, DescriptionWidthsFollowTheDesignsScale) {
+    auto general = informe::CargaDiseno(QStringLiteral("CrFacturasGeneral"));
+    const EmpresaEmision empresa = CargaEmpresa(e->bd());
+    PreparaInforme(*general, e->bd(), empresa, QStringLiteral("CrFacturasGeneral"), ctx(0));
+    EXPECT_EQ(o(*general, "LiteralDescripcion1").Width, general->AnchoDescripcionSinBultos);
+    e->parametro(QStringLiteral("par_bultos"), 1);
+    PreparaInforme(*general, e->bd(), empresa, QStringLiteral("CrFacturasGeneral"), ctx(0));
+    EXPECT_EQ(o(*general, "LiteralDescripcion1").Width, general->AnchoDescripcionConBultos);
+    const informe::ObjetoInforme& bultos = o(*general, "LavBulto1");
+    EXPECT_LE(o(*general, "LiteralDescripcion1").Left + o(*general, "LiteralDescripcion1").Width,
+              bultos.Left);
+    // Other figures scale as 7365 does: the general page is drawn at the
+    // legacy scale; 6633 on the food design, 4600 wide.
+    EXPECT_EQ(general->AnchoDescripcion(6633), 6633);
+    EXPECT_EQ(
+        informe::CargaDiseno(QStringLiteral("CrFacturaAlimentacion1"))->AnchoDescripcion(6633),
+        4143);
+    EXPECT_EQ(reporteCompleto()->AnchoDescripcion(6633), 6633);
 }
 
 TEST_P(Opciones, EachArmAppliesItsOwnRows) {

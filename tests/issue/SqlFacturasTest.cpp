@@ -7,6 +7,7 @@
 #include <EmpresaDemo.h>
 #include <Formato.h>
 #include <OpcionesInforme.h>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <SqlFacturas.h>
@@ -87,6 +88,109 @@ TEST_P(FilasFacturas, OneRowPerLineWithAddressAndPaymentText) {
                                    tmp.filePath(QStringLiteral("v.pdf")), {}),
               QString());
     EXPECT_FALSE(QFile::exists(tmp.filePath(QStringLiteral("v.pdf"))));
+}
+
+// The food design's subreports: every VAT rate, and the components of the
+// composed articles the invoices' lines carry, named by the line of the
+// formula or, without a name there, by the component article.
+TEST_P(FilasFacturas, FoodSubreportsReadRatesAndComposition) {
+    EmpresaPrueba e(GetParam());
+    const qint32 c = e.cliente();
+    const qint32 a = e.albaran(c, kDia, 1, {{100}, {50}});
+    const qint32 otra = e.albaran(c, kDia, 1, {{10}});
+    const qint32 id = e.nuevaFactura(c, kDia, {a});
+    e.nuevaFactura(c, kDia, {otra});
+    auto inserta = [&](const QString& sql, const QVariantList& v) {
+        return e.cn().Execute(sql + QStringLiteral(" RETURNING 1 AS n"), v).Fields(0).Entero();
+    };
+    e.cn().Execute(QStringLiteral("INSERT INTO Art (Art_Cod, Art_Des) VALUES ('TURRON', 'Turrón "
+                                  "duro'), ('ALM', 'Almendra marcona'), ('MIEL', 'Miel'), "
+                                  "('OTRO', 'Sin componer')"));
+    auto idArt = [&](const char* cod) {
+        return e.cn()
+            .Execute(QStringLiteral("SELECT Art_Id FROM Art WHERE Art_Cod = ?"),
+                     {QString::fromLatin1(cod)})
+            .Fields(0)
+            .Entero();
+    };
+    const qint64 fml =
+        e.cn()
+            .Execute(QStringLiteral("INSERT INTO Fml (Fml_Des) VALUES ('Turrón') RETURNING Fml_Id"))
+            .Fields(0)
+            .Entero();
+    inserta(QStringLiteral("INSERT INTO ArtCom (ArtCom_IdArt, ArtCom_IdFml) VALUES (?, ?)"),
+            {idArt("TURRON"), fml});
+    inserta(QStringLiteral("INSERT INTO Fmll (FMLL_IDFML, FMLL_IdArt, fmll_Des, FMLL_CANTIDAD, "
+                           "Fmll_Uni) VALUES (?, ?, NULL, 0.6, 2), (?, ?, 'Miel de romero', "
+                           "0.3, 1)"),
+            {fml, idArt("ALM"), fml, idArt("MIEL")});
+    e.cn().Execute(QStringLiteral("UPDATE Lav SET Lav_CodArt = 'TURRON' WHERE Lav_IdCav = ? AND "
+                                  "Lav_Orden = 1"),
+                   {a});
+    e.cn().Execute(QStringLiteral("UPDATE Lav SET Lav_CodArt = 'OTRO' WHERE Lav_IdCav = ?"),
+                   {otra});
+
+    Recordset comp = LeeComposicionFacturas(e.bd(), {id});
+    ASSERT_EQ(comp.RecordCount(), 2);
+    QStringList articulos;
+    for (; !comp.Eof(); comp.MoveNext()) {
+        EXPECT_EQ(comp.Fields(QStringLiteral("Art_Cod")).Texto(), QStringLiteral("TURRON"));
+        articulos << comp.Fields(QStringLiteral("Articulo")).Texto() + QLatin1Char(' ') +
+                         Format(comp.Fields(QStringLiteral("FMLL_CANTIDAD")).Value(),
+                                QStringLiteral("0.0")) +
+                         QStringLiteral(" x") +
+                         QString::number(comp.Fields(QStringLiteral("Fmll_Uni")).Entero());
+    }
+    articulos.sort();
+    EXPECT_EQ(articulos, (QStringList{QStringLiteral("Almendra marcona 0,6 x2"),
+                                      QStringLiteral("Miel de romero 0,3 x1")}));
+    EXPECT_EQ(LeeComposicionFacturas(e.bd(), {}).RecordCount(), 0);
+
+    Recordset tipos = LeeTiposIva(e.bd());
+    EXPECT_GT(tipos.RecordCount(), 10);
+    for (const char* col : {"Tiva_Id", "Tiva_Iva", "Tiva_Rec"}) {
+        EXPECT_TRUE(tipos.TieneCampo(QString::fromLatin1(col))) << col;
+    }
+}
+
+// A 200-line invoice through the general design: every line once, in order,
+// the page header on each page, "Página n de m", and the totals on the last.
+TEST_P(FilasFacturas, TwoHundredLinesBreakAcrossPagesOfTheGeneralDesign) {
+    EmpresaPrueba e(GetParam());
+    e.parametro(QStringLiteral("PAR_NOMBRE"), QStringLiteral("Ferretería Larga, S.L."));
+    e.parametro(QStringLiteral("Par_PrnEmp"), 1);
+    e.parametro(QStringLiteral("Par_PrintFco"), 1);
+    const qint32 c = e.cliente();
+    std::vector<LineaPrueba> lineas(200, LineaPrueba{1.5});
+    const qint32 id = e.nuevaFactura(c, kDia, {e.albaran(c, kDia, 1, lineas)});
+    e.factura().CalculoTotalesFactura();
+    ASSERT_TRUE(e.factura().GrabaFactura());
+
+    QTemporaryDir tmp;
+    const QString pdf = tmp.filePath(QStringLiteral("larga.pdf"));
+    ContextoInforme ctx;
+    ctx.tipoEmision = 2;
+    ASSERT_EQ(RenderizaFacturasPdf(e.bd(), {id}, QStringLiteral("CrFacturasGeneral"), pdf, ctx),
+              pdf);
+    const QString texto = TextoPdf(pdf);
+    const QStringList paginas = texto.split(u'\f', Qt::SkipEmptyParts);
+    ASSERT_GE(paginas.size(), 4);
+    QStringList orden;
+    for (int i = 1; i <= 200; ++i) {
+        const QString linea = QStringLiteral("Línea %1 ").arg(i);
+        EXPECT_EQ(texto.count(QRegularExpression(QStringLiteral("Línea %1\\b").arg(i))), 1) << i;
+        orden << linea.trimmed();
+    }
+    EXPECT_TRUE(EnOrden(texto, orden));
+    for (int p = 0; p < paginas.size(); ++p) {
+        EXPECT_TRUE(paginas[p].contains(QStringLiteral("Ferretería Larga, S.L."))) << p;
+        EXPECT_TRUE(
+            paginas[p].contains(QStringLiteral("Página %1 de %2").arg(p + 1).arg(paginas.size())))
+            << p;
+    }
+    // 200 x 1,50 = 300,00 + 21 % VAT.
+    EXPECT_TRUE(paginas.last().contains(QStringLiteral("363,00")));
+    EXPECT_FALSE(paginas.first().contains(QStringLiteral("363,00")));
 }
 
 class FacturasDemo : public PruebaMotores {};

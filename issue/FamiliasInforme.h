@@ -1,0 +1,31 @@
+// What the works and transport families share: the report by name, the
+// parameters they read, the placeholders of a bound list and their own
+// failure box.
+#pragma once
+
+#include "Reporte.h"
+
+#include <BdSesion.h>
+#include <QString>
+#include <functional>
+#include <memory>
+
+namespace vk {
+
+class VKFACVENTAS;
+
+namespace familias {
+
+// The report of that name through the suite's loader VKCRFAV.VKCRFACTURAS.
+std::unique_ptr<informe::Reporte> ReportePorNombre(const QString& nombre);
+
+// Binds the rows to the subreport `indice` (1-based) when the design has it:
+// a template of an installation may carry fewer than the family fills.
+void EnlazaSubinforme(informe::Reporte& r, int indice, const Recordset& rs);
+
+// Runs a family with its failure box: `texto`, a line break and the cause
+// under `titulo`. The wait pointer is back to normal at the end either way.
+void Ejecuta(const QString& titulo, const QString& texto, const std::function<void()>& familia);
+
+} // namespace familias
+} // namespace vk

@@ -1,0 +1,112 @@
+#include "RutasEmision.h"
+
+#include "EmisionInforme.h"
+#include "Ficheros.h"
+#include "MensajesEmision.h"
+#include "RenderizadorInforme.h"
+#include "frmVisor.h"
+
+#include <Ajustes.h>
+#include <ErrorBd.h>
+#include <Interaccion.h>
+#include <QDir>
+#include <QFile>
+#include <QPrinter>
+#include <VKFACVENTAS.h>
+
+namespace vk {
+
+namespace {
+
+QString numeroDe(const Recordset& rs) {
+    return QString::number(rs.Fields(QStringLiteral("Fav_Numero")).Entero());
+}
+
+void viaPantalla(std::unique_ptr<informe::Reporte> r, const Recordset& rs) {
+    QStringList facturas;
+    Recordset filas = rs;
+    for (filas.MoveFirst(); !filas.Eof(); filas.MoveNext()) {
+        const QString f =
+            filas.Fields(QStringLiteral("Fav_Serie")).Texto() + QLatin1Char('/') + numeroDe(filas);
+        if (!facturas.contains(f)) {
+            facturas << f;
+        }
+    }
+    frmVisor visor(std::shared_ptr<informe::Reporte>(std::move(r)), facturas);
+    Ui().MuestraDialogo(visor);
+}
+
+void viaImpresora(VKFACVENTAS& f, informe::Reporte& r, bool sumaMargen) {
+    const qint64 margen = f.MyBd().Parametros().Item(QStringLiteral("Par_TopMarg")).Entero();
+    if (sumaMargen && margen != 0) {
+        r.TopMargin += static_cast<int>(margen);
+    }
+    const QString actual =
+        LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("Printer"));
+    const QString impresora = Ui().EligeImpresora(actual).value_or(actual);
+    QPrinter printer(QPrinter::HighResolution);
+    if (impresora.startsWith(QLatin1Char('/'))) {
+        // A path instead of a queue: print to that file, as a print-to-file
+        // printer does.
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(impresora);
+    } else if (!impresora.isEmpty()) {
+        printer.setPrinterName(impresora);
+    }
+    printer.setCopyCount(std::max<int>(1, f.NumCopias));
+    if (!printer.isValid()) {
+        throw ErrorBd(mensajes::kImpresoraNoValida.arg(impresora));
+    }
+    informe::RenderizaInforme(r, printer);
+}
+
+void viaPdf(VKFACVENTAS& f, informe::Reporte& r, const Recordset& rs) {
+    Recordset primera = rs;
+    primera.MoveFirst();
+    const QString numero = numeroDe(primera);
+    r.ReportTitle = QStringLiteral("Factura %1/%2")
+                        .arg(primera.Fields(QStringLiteral("Fav_Serie")).Texto(), numero);
+    const QString carpeta =
+        f.RutaFicheroPdf.size() > 3 ? f.RutaFicheroPdf : fnCarpetaFdoc(f.MyBd().IdUsuario());
+    QString ruta = QDir(carpeta).filePath(QStringLiteral("F_") + numero + QStringLiteral(".pdf"));
+    f.PdfOutFile = ruta;
+    QFile::remove(ruta);
+    if (ruta.size() <= 3) {
+        const std::optional<QString> elegido =
+            Ui().PideTexto(mensajes::kFicheroPdf, r.ReportTitle, QString());
+        if (!elegido || elegido->trimmed().isEmpty()) {
+            return;
+        }
+        ruta = elegido->trimmed();
+        f.PdfOutFile = ruta;
+    }
+    EscribePdf(r, ruta);
+    // Signing arrives with the mail route: until then the file is the
+    // unsigned one, and opening it is ours.
+    if (f.VisualizarPDF) {
+        fnAbreFichero(f.PdfOutFile);
+    }
+}
+
+} // namespace
+
+void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> r, const Recordset& filas,
+                    const OpcionesRuta& opciones) {
+    switch (f.Tipo_Emision) {
+    case 0:
+        viaPantalla(std::move(r), filas);
+        break;
+    case 1:
+        viaImpresora(f, *r, opciones.sumaMargenImpresora);
+        break;
+    case 2:
+        viaPdf(f, *r, filas);
+        break;
+    case 3:
+        throw ErrorBd(mensajes::kCorreoNoDisponible);
+    default:
+        break; // a value above 3 delivers nothing
+    }
+}
+
+} // namespace vk

@@ -1,0 +1,30 @@
+// The routes a bound report leaves by, shared by the dispatcher and the
+// families that bring their own data: the viewer, the printer and the PDF
+// file. Mail is not built yet and ends in a failure.
+#pragma once
+
+#include "Reporte.h"
+
+#include <Recordset.h>
+#include <memory>
+
+namespace vk {
+
+class VKFACVENTAS;
+
+struct OpcionesRuta {
+    // The printer route adds Par_TopMarg to the top margin; the families
+    // add it for every route themselves and say false here.
+    bool sumaMargenImpresora = true;
+};
+
+// Delivers the report by f.Tipo_Emision: 0 the viewer model frmVisor, 1 the
+// chosen printer (NumCopias copies, one job), 2 the PDF "F_<number>.pdf" of
+// the first row (PdfOutFile), 3 mail (throws ErrorBd: not yet available), and
+// nothing above 3. `filas` are the invoice rows the report was bound to: the
+// first names the document, all of them fill the viewer's list. Throws
+// ErrorBd on a printer or file failure.
+void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> reporte,
+                    const Recordset& filas, const OpcionesRuta& opciones = {});
+
+} // namespace vk

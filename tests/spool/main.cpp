@@ -1,0 +1,15 @@
+// Test main of the text layouts: the report route after PLT15 paints, so a
+// QGuiApplication; the user's settings and data folder are the test's own,
+// so that no printer or stationery of the machine leaks in.
+#include <QGuiApplication>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    QTemporaryDir casa;
+    qputenv("XDG_CONFIG_HOME", casa.filePath(QStringLiteral("config")).toUtf8());
+    qputenv("VKFACTUVEN_DATOS", casa.filePath(QStringLiteral("datos")).toUtf8());
+    QGuiApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
