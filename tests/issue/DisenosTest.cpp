@@ -11,7 +11,6 @@
 #include <ErrorBd.h>
 #include <Formato.h>
 #include <Formula.h>
-#include <MensajesEmision.h>
 #include <QDir>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
