@@ -312,7 +312,7 @@ const char* const kParTextos[][2] = {
     {"Par_DOC", "B96824172"}, {"par_Sg", "AV"}, {"par_NombreVia", "del Port"},
     {"Par_Cp", "46023"}, {"Par_Poblacion", "Valencia"}, {"Par_Pais", "011"},
     {"Par_Actividad", "Comercio al por mayor de suministros y servicios a empresas"},
-    {"Par_Telefono", "963 41 27 80"}, {"Par_Correo", "administracion@turialev.es"},
+    {"Par_Telefono", "963 41 27 80"}, {"Par_Fax", "963 41 27 81"}, {"Par_Correo", "administracion@turialev.es"},
     {"Par_Web", "www.turialev.es"},
     {"Par_Piefac1", "Inscrita en el Registro Mercantil de Valencia, tomo 10.482, libro 7.764, "
                     "folio 112, hoja V-183.447, inscripción 1.ª"},
@@ -334,7 +334,8 @@ struct ParNumero {
 };
 
 const ParNumero kParNumeros[] = {
-    {"par_numero", 212}, {"Par_Provincia", 46}, {"Par_DiseñoFactura", 0}, {"Par_AlbPrn", 2},
+    // Design 2, the general invoice with the company's logo.
+    {"par_numero", 212}, {"Par_Provincia", 46}, {"Par_DiseñoFactura", 2}, {"Par_AlbPrn", 2},
     {"Par_CtaNum", 8}, {"Par_CtaTipo", 0}, {"Par_NCopFac", 1}, {"PAR_FLOPD", 1},
     {"par_decpre", 2}, {"par_decdesc", 2}, {"par_deccan", 2}, {"PAR_ORCONTANOM", 0},
     // Rates of the invoice's date, general regime, receipts out of the
