@@ -214,7 +214,7 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras) {
         for (const Recordset* s : {&c.obras, &c.averias, &c.partes, &c.articulos}) {
             familias::EnlazaSubinforme(*r, ++i, *s);
         }
-        EntregaInforme(f, std::move(r), rs, {.sumaMargenImpresora = false});
+        EntregaInforme(f, std::move(r), rs, {.sumaMargen = false});
     });
 }
 

@@ -249,7 +249,7 @@ void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         }
         r->Database.Tables.Item(1).SetDataSource(d.filas, 3);
         familias::EnlazaSubinforme(*r, 1, d.viajes);
-        EntregaInforme(f, std::move(r), d.filas, {.sumaMargenImpresora = false});
+        EntregaInforme(f, std::move(r), d.filas, {.sumaMargen = false});
     });
 }
 

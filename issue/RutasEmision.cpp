@@ -36,11 +36,13 @@ void viaPantalla(std::unique_ptr<informe::Reporte> r, const Recordset& rs) {
     Ui().MuestraDialogo(visor);
 }
 
-void viaImpresora(VKFACVENTAS& f, informe::Reporte& r, bool sumaMargen) {
-    const qint64 margen = f.MyBd().Parametros().Item(QStringLiteral("Par_TopMarg")).Entero();
-    if (sumaMargen && margen != 0) {
-        r.TopMargin += static_cast<int>(margen);
-    }
+// Paper in the printer may need its top margin moved: Par_TopMarg, on the
+// routes that end on paper.
+void sumaMargen(VKFACVENTAS& f, informe::Reporte& r) {
+    r.TopMargin += static_cast<int>(f.MyBd().Parametros().Entero(QStringLiteral("Par_TopMarg")));
+}
+
+void viaImpresora(VKFACVENTAS& f, informe::Reporte& r) {
     const QString actual =
         LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("Printer"));
     const QString impresora = Ui().EligeImpresora(actual).value_or(actual);
@@ -92,12 +94,16 @@ void viaPdf(VKFACVENTAS& f, informe::Reporte& r, const Recordset& rs) {
 
 void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> r, const Recordset& filas,
                     const OpcionesRuta& opciones) {
+    if (opciones.sumaMargen && (f.Tipo_Emision == 0 || f.Tipo_Emision == 1)) {
+        sumaMargen(f, *r);
+    }
     switch (f.Tipo_Emision) {
     case 0:
+        r->ReadRecords();
         viaPantalla(std::move(r), filas);
         break;
     case 1:
-        viaImpresora(f, *r, opciones.sumaMargenImpresora);
+        viaImpresora(f, *r);
         break;
     case 2:
         viaPdf(f, *r, filas);

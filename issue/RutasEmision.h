@@ -13,9 +13,9 @@ namespace vk {
 class VKFACVENTAS;
 
 struct OpcionesRuta {
-    // The printer route adds Par_TopMarg to the top margin; the families
-    // add it for every route themselves and say false here.
-    bool sumaMargenImpresora = true;
+    // The viewer and printer routes add Par_TopMarg to the top margin; the
+    // families add it for every route themselves and say false here.
+    bool sumaMargen = true;
 };
 
 // Delivers the report by f.Tipo_Emision: 0 the viewer model frmVisor, 1 the
