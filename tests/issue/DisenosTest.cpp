@@ -4,6 +4,7 @@
 // company's invoices into a valid PDF that reads in order, with what makes the
 // family what it is.
 #include "EmpresaPrueba.h"
+#include "FacturacionDemo.h"
 #include "PdfTexto.h"
 
 #include <DisenoInforme.h>
@@ -16,8 +17,6 @@
 #include <RegistroSuite.h>
 #include <SqlFacturas.h>
 #include <TablaReportes.h>
-#include <frmFacturasVenta.h>
-#include <frmIniFav.h>
 #include <functional>
 #include <set>
 
@@ -451,18 +450,7 @@ protected:
     void TearDown() override { qunsetenv("VKFACTUVEN_DATOS"); }
 
     // The batch run of the invoicing screen over every pending note.
-    void factura() {
-        frmFacturasVenta pantalla(f);
-        pantalla.Text1[6] = QStringLiteral("20/11/2026");
-        pantalla.Check4 = true;
-        pantalla.Check4_Click();
-        pantalla.optSalida = 0;
-        pantalla.Text1[11] = QStringLiteral("0");
-        ui.dialogos.push_back(
-            [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
-        pantalla.cmdBuscar();
-        pantalla.cmdFacturar();
-    }
+    void factura() { FacturaPendientesDemo(f, ui); }
     void parametros(const QString& asignaciones, const QVariantList& valores) {
         s->cn().Execute(QStringLiteral("UPDATE Parametros SET ") + asignaciones, valores);
         s->RecargaParametros();

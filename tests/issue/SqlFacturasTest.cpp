@@ -1,6 +1,7 @@
 // The row source of the invoice reports and the PDF of the demo company's
 // invoices, on both backends.
 #include "EmpresaPrueba.h"
+#include "FacturacionDemo.h"
 #include "PdfTexto.h"
 
 #include <EmisionInforme.h>
@@ -11,8 +12,6 @@
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <SqlFacturas.h>
-#include <frmFacturasVenta.h>
-#include <frmIniFav.h>
 
 namespace vk::prueba {
 namespace {
@@ -207,19 +206,9 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
     InteraccionGuion ui;
     ui.ResponderSiSiempre(true);
     const UsaInteraccion puerto(ui);
-    frmFacturasVenta pantalla(f);
-    pantalla.Text1[6] = QStringLiteral("20/11/2026");
-    pantalla.Check4 = true;
-    pantalla.Check4_Click();
-    pantalla.optSalida = 0;
-    pantalla.Text1[11] = QStringLiteral("0");
-    ui.dialogos.push_back(
-        [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
-    pantalla.cmdBuscar();
-    pantalla.cmdFacturar();
-    ASSERT_GE(pantalla.facturasGeneradas.size(), 3u);
-    const QVector<qint32> ids{pantalla.facturasGeneradas[0], pantalla.facturasGeneradas[1],
-                              pantalla.facturasGeneradas[2]};
+    const std::vector<qint32> facturas = FacturaPendientesDemo(f, ui);
+    ASSERT_GE(facturas.size(), 3u);
+    const QVector<qint32> ids{facturas[0], facturas[1], facturas[2]};
 
     QTemporaryDir tmp;
     const QString fichero = tmp.filePath(QStringLiteral("facturas.pdf"));
