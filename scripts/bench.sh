@@ -2,7 +2,8 @@
 # The benchmarks: the all-customers invoicing run on a generated company
 # (2,000 customers, pending notes of 5 lines) on SQLite, at two sizes to show
 # memory does not grow with the notes, and on a PostgreSQL server with its
-# normal durability settings.
+# normal durability settings; then the issue of the demo invoices through the
+# report engine and the text layout.
 set -euo pipefail
 build=${1:-build}
 programa="$build/bench/vk_bench_facturacion"
@@ -30,3 +31,6 @@ echo "== PostgreSQL, 10.000 albaranes"
 psql_bin=$(ls -d /usr/lib/postgresql/*/bin | sort -V | tail -n 1)/psql
 "${como[@]}" "$psql_bin" -h "$pg" -U postgres -qc "CREATE DATABASE bench" postgres
 "$programa" --db "postgresql://postgres@/bench?host=$pg" --albaranes 10000
+
+echo "== Emisión de las facturas de la empresa de demostración (informe en PDF y texto de impresora matricial)"
+"$build/bench/vk_bench_emision" --rondas 20
