@@ -12,21 +12,12 @@ using namespace spool;
 
 namespace {
 
-// The tax rates of a line's tax row.
+// The tax rates of a line's tax row. The rows carry them already (joined on
+// Lav_Tiva; 0 when the row has none).
 struct TipoLinea {
     double iva = 0;
     double rec = 0;
 };
-
-TipoLinea LeeTipo(BdSesion& bd, qint64 idTiva) {
-    Recordset t =
-        bd.cn().Execute(QStringLiteral("SELECT * FROM vkcomun.TIVAS WHERE Tiva_Id = ?"), {idTiva});
-    if (t.Eof()) {
-        return {};
-    }
-    return {t.Fields(QStringLiteral("Tiva_Iva")).Doble(),
-            t.Fields(QStringLiteral("Tiva_Rec")).Doble()};
-}
 
 double PrecioConImpuestos(double precio, const TipoLinea& t) {
     return fnRedondeoNormal(precio + precio * t.iva / 100 + precio * t.rec / 100, 2);
@@ -62,7 +53,7 @@ private:
     }
     void Linea() override {
         const QStringList aDes = Trozos(DescripcionLinea());
-        const TipoLinea tipo = LeeTipo(Bd(), N("Lav_Tiva"));
+        const TipoLinea tipo{D("Tiva_Iva"), D("Tiva_Rec")};
         const double precio = D("Lav_Precio");
         Escribe(Izquierda(T("Lav_CodArt"), 9) + QLatin1Char(' ') +
                 Izquierda(aDes.value(0).left(nAncho), nAncho) + QLatin1Char(' ') +
@@ -146,8 +137,8 @@ private:
                 Izquierda(aDes.value(0).left(nAncho), nAncho) + QLatin1Char(' ') +
                 CifraSi(D("Lav_Precio"), fig_.mascaraPrecio, 10) + QLatin1Char(' ') +
                 TextoDescuento() + QLatin1Char(' ') +
-                Cifra(LeeTipo(Bd(), N("Lav_Tiva")).iva, QStringLiteral("#0"), 3) +
-                QLatin1Char(' ') + CifraSi(D("Lav_Importe"), QStringLiteral("##,##0.00"), 12));
+                Cifra(D("Tiva_Iva"), QStringLiteral("#0"), 3) + QLatin1Char(' ') +
+                CifraSi(D("Lav_Importe"), QStringLiteral("##,##0.00"), 12));
         ++nLinea;
         dSuma += D("Lav_Importe");
         Continuaciones(aDes);
