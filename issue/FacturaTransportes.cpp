@@ -104,12 +104,6 @@ void leePeriodoCuota(BdSesion& bd, qint32 idFactura, DatosTransportes& d) {
         QStringLiteral(" A ") + Format(rs.Fields(QStringLiteral("TfFac_FFin")).Value(), mascara);
 }
 
-void formula(informe::Reporte& r, const QString& nombre, const QString& texto) {
-    if (informe::FormulaField* f = r.FormulaFields.Busca(nombre)) {
-        f->Text = texto;
-    }
-}
-
 // The options, copy mark, frames, letterhead of group A with the mobile
 // phone in the telephone line, foot lines and logo.
 void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r) {
@@ -132,14 +126,14 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r) {
         if (!e.movil.isEmpty()) {
             partes << QStringLiteral("Movil: ") + e.movil;
         }
-        formula(r, QStringLiteral("cLiteralTelefono"),
-                informe::Entrecomilla(partes.join(QStringLiteral(" - "))));
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralTelefono"),
+                               informe::Entrecomilla(partes.join(QStringLiteral(" - "))));
         QString correo = e.correo.isEmpty() ? QString() : QStringLiteral("Email. ") + e.correo;
         if (!e.web.isEmpty()) {
             correo += (correo.isEmpty() ? QString() : QStringLiteral("  -  ")) +
                       QStringLiteral("Web: ") + e.web;
         }
-        formula(r, QStringLiteral("cLiteralMail"), informe::Entrecomilla(correo));
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralMail"), informe::Entrecomilla(correo));
     }
     LogoPorParametro(r, bd);
 }
@@ -240,10 +234,10 @@ void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         // The margin of the company's stationery, on every route.
         r->TopMargin += static_cast<int>(bd.Parametros().Entero(QStringLiteral("Par_TopMarg")));
         aplicaOpciones(f, *r);
-        formula(*r, QStringLiteral("bControlNuevaGestion"),
-                d.nuevaGestion ? QStringLiteral("True") : QStringLiteral("False"));
-        formula(*r, QStringLiteral("cCuotas"), informe::Entrecomilla(d.cuotas));
-        formula(*r, QStringLiteral("cConsumos"), informe::Entrecomilla(d.consumos));
+        r->FormulaFields.Asigna(QStringLiteral("bControlNuevaGestion"),
+                                d.nuevaGestion ? QStringLiteral("True") : QStringLiteral("False"));
+        r->FormulaFields.Asigna(QStringLiteral("cCuotas"), informe::Entrecomilla(d.cuotas));
+        r->FormulaFields.Asigna(QStringLiteral("cConsumos"), informe::Entrecomilla(d.consumos));
         if (r->HasSavedData()) {
             r->DiscardSavedData();
         }

@@ -36,12 +36,6 @@ bool enLista(const QString& valor, std::initializer_list<const char*> lista) {
     return false;
 }
 
-void formula(Reporte& r, const QString& nombre, const QString& texto) {
-    if (informe::FormulaField* f = r.FormulaFields.Busca(nombre)) {
-        f->Text = texto;
-    }
-}
-
 void suprime(Reporte& r, const QString& nombre, bool valor) {
     if (informe::Seccion* s = r.Sections.Busca(nombre)) {
         s->Suppress = valor;
@@ -69,7 +63,7 @@ const QStringList kMembrete{
 // stationery carries its own letterhead.
 void membreteVacio(Reporte& r) {
     for (const QString& n : kMembrete) {
-        formula(r, n, kVacio);
+        r.FormulaFields.Asigna(n, kVacio);
     }
 }
 
@@ -84,14 +78,15 @@ QString poblacion(const EmpresaEmision& e) {
 // The company's own letterhead lines, filled as the general designs print them.
 void membreteEmpresa(Reporte& r, const EmpresaEmision& e, const QString& nombre,
                      const QString& telefono) {
-    formula(r, QStringLiteral("cLiteralEmpresa"), Entrecomilla(nombre));
-    formula(r, QStringLiteral("cLiteralActividad"), Entrecomilla(e.actividad));
-    formula(r, QStringLiteral("cLiteralDireccion"), Entrecomilla(e.direccion));
-    formula(r, QStringLiteral("cLiteralPoblacion"), Entrecomilla(poblacion(e)));
-    formula(r, QStringLiteral("cLiteralProvincia"), Entrecomilla(e.provincia));
-    formula(r, QStringLiteral("cLiteralTelefono"), Entrecomilla(telefono));
-    formula(r, QStringLiteral("cLiteralNif"),
-            e.nif.isEmpty() ? kVacio : Entrecomilla(QStringLiteral("NIF: ") + e.nif));
+    r.FormulaFields.Asigna(QStringLiteral("cLiteralEmpresa"), Entrecomilla(nombre));
+    r.FormulaFields.Asigna(QStringLiteral("cLiteralActividad"), Entrecomilla(e.actividad));
+    r.FormulaFields.Asigna(QStringLiteral("cLiteralDireccion"), Entrecomilla(e.direccion));
+    r.FormulaFields.Asigna(QStringLiteral("cLiteralPoblacion"), Entrecomilla(poblacion(e)));
+    r.FormulaFields.Asigna(QStringLiteral("cLiteralProvincia"), Entrecomilla(e.provincia));
+    r.FormulaFields.Asigna(QStringLiteral("cLiteralTelefono"), Entrecomilla(telefono));
+    r.FormulaFields.Asigna(QStringLiteral("cLiteralNif"),
+                           e.nif.isEmpty() ? kVacio
+                                           : Entrecomilla(QStringLiteral("NIF: ") + e.nif));
 }
 
 // "Email. ..." and "  -  Web: ...", each only when there is something to say.
@@ -222,7 +217,7 @@ void OpcionProteccionDatos(Reporte& r, BdSesion& bd) {
     const bool lopd = bd.Parametros().Entero(QStringLiteral("PAR_FLOPD")) != 0;
     suprime(r, QStringLiteral("GroupLopd"), !lopd);
     if (lopd) {
-        formula(r, QStringLiteral("lopd"), Entrecomilla(sTextoLOPD));
+        r.FormulaFields.Asigna(QStringLiteral("lopd"), Entrecomilla(sTextoLOPD));
     }
 }
 
@@ -247,14 +242,15 @@ void OpcionBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
 }
 
 void OpcionLotes(Reporte& r, BdSesion& bd) {
-    formula(r, QStringLiteral("bControlLotes"),
-            bd.Parametros().Entero(QStringLiteral("Par_Lotes")) == 0 ? QStringLiteral("False")
-                                                                     : QStringLiteral("True"));
+    r.FormulaFields.Asigna(QStringLiteral("bControlLotes"),
+                           bd.Parametros().Entero(QStringLiteral("Par_Lotes")) == 0
+                               ? QStringLiteral("False")
+                               : QStringLiteral("True"));
 }
 
 void OpcionAgente(Reporte& r, BdSesion& bd) {
     if (bd.Parametros().Entero(QStringLiteral("Par_NComer")) == 0) {
-        formula(r, QStringLiteral("cLiteralComer"), kVacio);
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralComer"), kVacio);
     }
 }
 
@@ -264,9 +260,10 @@ void OpcionLotesAgente(Reporte& r, BdSesion& bd) {
 }
 
 void OpcionDescripcionAmpliada(Reporte& r, BdSesion& bd) {
-    formula(r, QStringLiteral("bControlDesAmp"),
-            bd.Parametros().Entero(QStringLiteral("Par_FacDesAmp")) == 0 ? QStringLiteral("True")
-                                                                         : QStringLiteral("False"));
+    r.FormulaFields.Asigna(QStringLiteral("bControlDesAmp"),
+                           bd.Parametros().Entero(QStringLiteral("Par_FacDesAmp")) == 0
+                               ? QStringLiteral("True")
+                               : QStringLiteral("False"));
 }
 
 void AplicaOpcionesReporte(Reporte& r, BdSesion& bd, const EmpresaEmision& e,
@@ -276,17 +273,17 @@ void AplicaOpcionesReporte(Reporte& r, BdSesion& bd, const EmpresaEmision& e,
         const DatosVivero v =
             datosVivero(es(c.plantilla, "PLT22") ? QStringLiteral("PLT19") : c.plantilla, e);
         if (es(c.plantilla, "PLT22")) {
-            formula(r, QStringLiteral("cLiteralEmpresa"), Entrecomilla(e.nombre));
-            formula(r, QStringLiteral("cLiteralActividad"),
-                    Entrecomilla(QStringLiteral("CIF: ") + e.nif + QStringLiteral("  -  ") +
-                                 e.actividad));
+            r.FormulaFields.Asigna(QStringLiteral("cLiteralEmpresa"), Entrecomilla(e.nombre));
+            r.FormulaFields.Asigna(QStringLiteral("cLiteralActividad"),
+                                   Entrecomilla(QStringLiteral("CIF: ") + e.nif +
+                                                QStringLiteral("  -  ") + e.actividad));
         } else {
-            formula(r, QStringLiteral("cLiteralEmpresa"), Entrecomilla(v.nombre));
-            formula(r, QStringLiteral("cLiteralActividad"),
-                    Entrecomilla(e.nombreComercial + QStringLiteral("  -  NIF: ") + e.nif +
-                                 QStringLiteral("  -  ") + e.actividad));
+            r.FormulaFields.Asigna(QStringLiteral("cLiteralEmpresa"), Entrecomilla(v.nombre));
+            r.FormulaFields.Asigna(QStringLiteral("cLiteralActividad"),
+                                   Entrecomilla(e.nombreComercial + QStringLiteral("  -  NIF: ") +
+                                                e.nif + QStringLiteral("  -  ") + e.actividad));
         }
-        formula(r, QStringLiteral("cPasaporte"), Entrecomilla(v.pasaporte));
+        r.FormulaFields.Asigna(QStringLiteral("cPasaporte"), Entrecomilla(v.pasaporte));
     }
 
     const Brazo b = brazoDe(nombreReporte, c);
@@ -323,8 +320,8 @@ void AplicaOpcionesReporte(Reporte& r, BdSesion& bd, const EmpresaEmision& e,
 }
 
 void AplicaCopia(Reporte& r, bool copia) {
-    formula(r, QStringLiteral("cCopiaFactura"),
-            copia ? QStringLiteral("'* DUPLICADO DE FACTURA *'") : kVacio);
+    r.FormulaFields.Asigna(QStringLiteral("cCopiaFactura"),
+                           copia ? QStringLiteral("'* DUPLICADO DE FACTURA *'") : kVacio);
 }
 
 void AplicaMarcos(Reporte& r, BdSesion& bd, const EmpresaEmision& e) {
@@ -338,7 +335,7 @@ void AplicaMarcos(Reporte& r, BdSesion& bd, const EmpresaEmision& e) {
 void PiesPorParametro(Reporte& r, BdSesion& bd) {
     for (int i = 1; i <= 2; ++i) {
         if (bd.Parametros().Entero(QStringLiteral("Par_PrnL%1").arg(i)) == 0) {
-            formula(r, QStringLiteral("pLiteralLinea%1").arg(i), kVacio);
+            r.FormulaFields.Asigna(QStringLiteral("pLiteralLinea%1").arg(i), kVacio);
         }
     }
 }
@@ -352,17 +349,17 @@ void LogoPorParametro(Reporte& r, BdSesion& bd) {
 }
 
 void PiesFactura(Reporte& r, const EmpresaEmision& e) {
-    formula(r, QStringLiteral("pLiteralLinea1"), Entrecomilla(e.pie1));
-    formula(r, QStringLiteral("pLiteralLinea2"), Entrecomilla(e.pie2));
+    r.FormulaFields.Asigna(QStringLiteral("pLiteralLinea1"), Entrecomilla(e.pie1));
+    r.FormulaFields.Asigna(QStringLiteral("pLiteralLinea2"), Entrecomilla(e.pie2));
 }
 
 void MembreteGrupoA(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const ContextoInforme& c) {
     suprime(r, QStringLiteral("GroupHeaderSection3"), !c.imprimeAlbaran);
     const QString& k = c.plantilla;
     if (grupoVivero(k)) {
-        formula(r, QStringLiteral("cLiteralDireccion"), Entrecomilla(e.direccion));
-        formula(r, QStringLiteral("cLiteralPoblacion"), Entrecomilla(poblacion(e)));
-        formula(r, QStringLiteral("cLiteralProvincia"), Entrecomilla(e.provincia));
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralDireccion"), Entrecomilla(e.direccion));
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralPoblacion"), Entrecomilla(poblacion(e)));
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralProvincia"), Entrecomilla(e.provincia));
         QString tlf;
         if (!e.telefono.isEmpty()) {
             tlf = QStringLiteral("Tlf. y fax:") + e.telefono;
@@ -373,17 +370,18 @@ void MembreteGrupoA(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
         if (!e.movil.isEmpty()) {
             tlf += QStringLiteral("Móvil: ") + e.movil;
         }
-        formula(r, QStringLiteral("cLiteralTelefono"), Entrecomilla(tlf));
-        formula(r, QStringLiteral("cLiteralMail"), Entrecomilla(lineaCorreo(e)));
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralTelefono"), Entrecomilla(tlf));
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralMail"), Entrecomilla(lineaCorreo(e)));
         if (!ColocaLogo(r, bd, c.idUsuario)) {
             suprime(r, QStringLiteral("LogoEmpresa"), true);
         }
     } else if (es(k, "PLT03") || k.contains(QLatin1String("PLT29")) ||
                k.contains(QLatin1String("PLT37"))) {
         membreteVacio(r);
-        formula(r, QStringLiteral("cLiteralTelefono"),
-                Entrecomilla(QStringLiteral("Tlf. ") + e.telefono + QStringLiteral(" - Fax.") +
-                             e.fax + QStringLiteral(" - Email.") + e.correo));
+        r.FormulaFields.Asigna(QStringLiteral("cLiteralTelefono"),
+                               Entrecomilla(QStringLiteral("Tlf. ") + e.telefono +
+                                            QStringLiteral(" - Fax.") + e.fax +
+                                            QStringLiteral(" - Email.") + e.correo));
     } else if (bd.Parametros().Entero(QStringLiteral("Par_PrnEmp")) == 1) {
         QString tlf;
         if (es(k, "PLT34")) {
@@ -404,7 +402,7 @@ void MembreteGrupoA(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
         }
         membreteEmpresa(r, e, es(k, "PLT40") ? e.nombreComercial : e.nombre, tlf);
         if (es(k, "PLT34")) {
-            formula(r, QStringLiteral("cLiteralMail"), Entrecomilla(lineaCorreo(e)));
+            r.FormulaFields.Asigna(QStringLiteral("cLiteralMail"), Entrecomilla(lineaCorreo(e)));
         }
     } else {
         membreteVacio(r);
@@ -421,10 +419,10 @@ void AplicaMembrete(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
         if (c.nDiseno == 16) {
             const std::optional<QString> volumen =
                 Ui().PideTexto(mensajes::kVolumen, QString(), QString());
-            formula(r, QStringLiteral("cVolumen"),
-                    volumen && !volumen->isEmpty()
-                        ? Entrecomilla(QStringLiteral("Volumen: ") + *volumen)
-                        : kVacio);
+            r.FormulaFields.Asigna(QStringLiteral("cVolumen"),
+                                   volumen && !volumen->isEmpty()
+                                       ? Entrecomilla(QStringLiteral("Volumen: ") + *volumen)
+                                       : kVacio);
         }
     } else if (c.nDiseno == 1) {
         if (es(c.plantilla, "PLT23")) {
@@ -495,7 +493,7 @@ bool ColocaLogo(Reporte& r, BdSesion& bd, qint32 idUsuario) {
         return false;
     }
     suprime(r, QStringLiteral("LogoEmpresa"), false);
-    formula(r, QStringLiteral("rutaimagen"), Entrecomilla(ruta));
+    r.FormulaFields.Asigna(QStringLiteral("rutaimagen"), Entrecomilla(ruta));
     if (informe::ObjetoInforme* logo = r.BuscaObjeto(QStringLiteral("LogoEmpresa"))) {
         // The stored X is the height and the Y the width. A company that
         // never placed its logo keeps the design's size.

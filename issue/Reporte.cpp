@@ -83,6 +83,12 @@ const FormulaField* ColeccionFormulas::Busca(const QString& nombre) const {
     return const_cast<ColeccionFormulas*>(this)->Busca(nombre);
 }
 
+void ColeccionFormulas::Asigna(const QString& nombre, const QString& texto) {
+    if (FormulaField* f = Busca(nombre)) {
+        f->Text = texto;
+    }
+}
+
 FormulaField& ColeccionFormulas::GetItemByName(const QString& nombre) {
     if (FormulaField* f = Busca(nombre)) {
         return *f;

@@ -128,6 +128,9 @@ public:
     FormulaField* Busca(const QString& nombre);
     const FormulaField* Busca(const QString& nombre) const;
     void Agrega(const QString& nombre, const QString& texto);
+    // Sets the text of the formula when the design has it: a design carries
+    // only the formulas its layout shows.
+    void Asigna(const QString& nombre, const QString& texto);
     int Count() const { return static_cast<int>(items_.size()); }
 
 private:
