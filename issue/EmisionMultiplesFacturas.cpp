@@ -157,12 +157,11 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
     eleccion.nombreEmpresa = par.Item(QStringLiteral("PAR_NOMBRE")).Texto();
     eleccion.tipoEmision = f.Tipo_Emision;
     eleccion.regimenFiscal = par.Item(QStringLiteral("Par_RegFiscal")).Entero();
-    auto cargador = CreaObjeto<VKCRFACTURAS>(QString::fromLatin1(VKCRFACTURAS::kProgId));
-    cargador->VKReportName = fnNombreReporte(eleccion);
-    std::unique_ptr<informe::Reporte> r = cargador->Reporte();
+    const QString nombreReporte = fnNombreReporte(eleccion);
+    std::unique_ptr<informe::Reporte> r = CargaReporte(nombreReporte);
 
     // Options, copy mark, frames, letterhead and paper, then the data.
-    PreparaInforme(*r, bd, empresa, cargador->VKReportName, ContextoDe(f, nDiseno));
+    PreparaInforme(*r, bd, empresa, nombreReporte, ContextoDe(f, nDiseno));
     if (r->HasSavedData()) {
         r->DiscardSavedData();
     }
@@ -177,6 +176,12 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
 }
 
 } // namespace
+
+std::unique_ptr<informe::Reporte> CargaReporte(const QString& nombre) {
+    auto cargador = CreaObjeto<VKCRFACTURAS>(QString::fromLatin1(VKCRFACTURAS::kProgId));
+    cargador->VKReportName = nombre;
+    return cargador->Reporte();
+}
 
 void RegistraEmision() {
     RegistraComponente(QString::fromLatin1(VKCRFACTURAS::kProgId),

@@ -8,6 +8,7 @@
 #include "OpcionesInforme.h"
 #include "RutasEmision.h"
 #include "SqlFacturas.h"
+#include "VKCRFACTURAS.h"
 
 #include <ErrorBd.h>
 #include <Interaccion.h>
@@ -180,7 +181,7 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras) {
             bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FAC")), fnCarpetaDatos());
         std::unique_ptr<informe::Reporte> r;
         if (eleccion.fichero.isEmpty()) {
-            r = familias::ReportePorNombre(eleccion.nombre);
+            r = CargaReporte(eleccion.nombre);
         } else {
             if (!bObras && !QFileInfo(eleccion.fichero).isFile()) {
                 Ui().Mensaje(mensajes::kPlantillaPersonalNoPresente, Icono::Aviso,

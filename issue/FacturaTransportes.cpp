@@ -7,6 +7,7 @@
 #include "OpcionesInforme.h"
 #include "RutasEmision.h"
 #include "SqlFacturas.h"
+#include "VKCRFACTURAS.h"
 
 #include <Formato.h>
 #include <Interaccion.h>
@@ -230,7 +231,7 @@ void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         if (d.filas.RecordCount() == 0) {
             return;
         }
-        std::unique_ptr<informe::Reporte> r = familias::ReportePorNombre(d.reporte.nombre);
+        std::unique_ptr<informe::Reporte> r = CargaReporte(d.reporte.nombre);
         // The margin of the company's stationery, on every route.
         r->TopMargin += static_cast<int>(bd.Parametros().Entero(QStringLiteral("Par_TopMarg")));
         aplicaOpciones(f, *r);

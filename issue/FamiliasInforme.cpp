@@ -1,20 +1,9 @@
 #include "FamiliasInforme.h"
 
-#include "OpcionesInforme.h"
-#include "VKCRFACTURAS.h"
-
-#include <Componentes.h>
 #include <ErrorBd.h>
 #include <Interaccion.h>
-#include <QStringList>
 
 namespace vk::familias {
-
-std::unique_ptr<informe::Reporte> ReportePorNombre(const QString& nombre) {
-    auto cargador = CreaObjeto<VKCRFACTURAS>(QString::fromLatin1(VKCRFACTURAS::kProgId));
-    cargador->VKReportName = nombre;
-    return cargador->Reporte();
-}
 
 void EnlazaSubinforme(informe::Reporte& r, int indice, const Recordset& rs) {
     if (indice > static_cast<int>(r.Subreportes.size())) {

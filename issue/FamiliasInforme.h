@@ -1,6 +1,5 @@
-// What the works and transport families share: the report by name, the
-// parameters they read, the placeholders of a bound list and their own
-// failure box.
+// What the works and transport families share: binding their side cursors
+// and their own failure box.
 #pragma once
 
 #include "Reporte.h"
@@ -15,9 +14,6 @@ namespace vk {
 class VKFACVENTAS;
 
 namespace familias {
-
-// The report of that name through the suite's loader VKCRFAV.VKCRFACTURAS.
-std::unique_ptr<informe::Reporte> ReportePorNombre(const QString& nombre);
 
 // Binds the rows to the subreport `indice` (1-based) when the design has it:
 // a template of an installation may carry fewer than the family fills.

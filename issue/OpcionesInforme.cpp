@@ -202,9 +202,8 @@ void papelMembrete(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
 ContextoInforme ContextoDe(const VKFACVENTAS& f, qint16 nDiseno) {
     ContextoInforme c;
     c.nDiseno = nDiseno;
-    BdSesion& bd = const_cast<VKFACVENTAS&>(f).MyBd();
-    c.plantilla =
-        bd.Parametros().Item(QStringLiteral("PAR_PLANTILLA_FAC")).Texto().trimmed().toUpper();
+    BdSesion& bd = f.MyBd();
+    c.plantilla = bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FAC")).toUpper();
     c.tipoEmision = f.Tipo_Emision;
     c.copia = f.Copia;
     c.imprimeAlbaran = f.ImprimeAlbaran;

@@ -13,6 +13,8 @@
 
 namespace vk {
 
+class VKFACVENTAS;
+
 // What the arms need to know besides the company and its parameters.
 struct ContextoInforme {
     qint16 nDiseno = 0;
@@ -25,7 +27,7 @@ struct ContextoInforme {
 };
 
 // The context of a run of the facade: design, key, route and flags.
-ContextoInforme ContextoDe(const class VKFACVENTAS& f, qint16 nDiseno);
+ContextoInforme ContextoDe(const VKFACVENTAS& f, qint16 nDiseno);
 
 // --- the rows of the options table ---
 void OpcionProteccionDatos(informe::Reporte& r, BdSesion& bd);

@@ -16,6 +16,9 @@ public:
     virtual std::unique_ptr<informe::Reporte> Reporte() = 0;
 };
 
+// The report of that name through the loader registered under kProgId.
+std::unique_ptr<informe::Reporte> CargaReporte(const QString& nombre);
+
 // Registers the built-in loader (designs by name: the installation's, then the
 // built-in ones) and the issue dispatcher.
 void RegistraEmision();
