@@ -36,7 +36,6 @@ qint32 numero(const Argumentos& a, const QString& opcion, qint32 defecto) {
 // invoices in the desktop's PDF viewer.
 class InteraccionEmitir : public InteraccionGuion {
 public:
-    QString impresora;
     bool MuestraDialogo(DialogoModelo& d) override {
         if (auto* visor = dynamic_cast<frmVisor*>(&d)) {
             const QString fichero = QDir(fnCarpetaFdoc(0)).filePath(QStringLiteral("vista.pdf"));
@@ -44,9 +43,6 @@ public:
             return fnAbreFichero(fichero);
         }
         return InteraccionGuion::MuestraDialogo(d);
-    }
-    std::optional<QString> EligeImpresora(const QString& actual) override {
-        return impresora.isEmpty() ? actual : impresora;
     }
     bool HuboError() const {
         for (const MensajeVisto& m : vistos) {
@@ -95,7 +91,10 @@ int OrdenEmitir(const QStringList& argumentos, QTextStream& out) {
     InteraccionEmitir ui;
     ui.EstableceEco(&out);
     ui.ResponderSiSiempre(true);
-    ui.impresora = a.valor(QStringLiteral("--cola")).value_or(QString());
+    const QString cola = a.valor(QStringLiteral("--cola")).value_or(QString());
+    if (!cola.isEmpty()) {
+        ui.impresoras = {cola};
+    }
     const UsaInteraccion puerto(ui);
     VKFACVENTAS f;
     f.setMyBd(*bd);
@@ -149,11 +148,10 @@ int OrdenEmitir(const QStringList& argumentos, QTextStream& out) {
     if (ui.HuboError()) {
         return 1;
     }
-    out << (impresora
-                ? QStringLiteral("Trabajo de %1 facturas enviado a la impresora %2.")
-                      .arg(ids.size())
-                      .arg(ui.impresora.isEmpty() ? QStringLiteral("por defecto") : ui.impresora)
-                : QStringLiteral("%1 facturas mostradas.").arg(ids.size()))
+    out << (impresora ? QStringLiteral("Trabajo de %1 facturas enviado a la impresora %2.")
+                            .arg(ids.size())
+                            .arg(cola.isEmpty() ? QStringLiteral("por defecto") : cola)
+                      : QStringLiteral("%1 facturas mostradas.").arg(ids.size()))
         << Qt::endl;
     return 0;
 }

@@ -39,13 +39,6 @@ int paginasPdf(const QString& fichero) {
     return static_cast<int>(f.readAll().count("/Type /Page\n"));
 }
 
-// The printer dialog answered with the file device.
-class Guion : public vk::InteraccionGuion {
-public:
-    QString impresora;
-    std::optional<QString> EligeImpresora(const QString&) override { return impresora; }
-};
-
 int ejecuta(int rondas) {
     vk::suite::RegistraComponentesSuite();
     QTemporaryDir dir;
@@ -53,7 +46,7 @@ int ejecuta(int rondas) {
     auto bd = vk::BdSesion::Abre(dir.filePath(QStringLiteral("empresa")), vk::ModoApertura::Crea);
     vk::CreaEmpresa(*bd);
     vk::CreaDatosDemo(*bd);
-    Guion ui;
+    vk::InteraccionGuion ui;
     ui.ResponderSiSiempre(true);
     const vk::UsaInteraccion puerto(ui);
     vk::VKFACVENTAS f;
@@ -88,7 +81,7 @@ int ejecuta(int rondas) {
 
     // The generic text layout into a file device.
     const QString spool = dir.filePath(QStringLiteral("spool.txt"));
-    ui.impresora = spool;
+    ui.impresoras = {spool};
     reloj.restart();
     for (int i = 0; i < rondas; ++i) {
         vk::msFacturaSpoolMatricial(f, ids);

@@ -58,6 +58,14 @@ bool InteraccionGuion::MuestraDialogo(DialogoModelo& dialogo) {
     return paso(dialogo);
 }
 
+std::optional<QString> InteraccionGuion::EligeImpresora(const QString&) {
+    ++preguntasImpresora;
+    if (impresoras.isEmpty()) {
+        return std::nullopt;
+    }
+    return impresoras.size() > 1 ? impresoras.takeFirst() : impresoras.first();
+}
+
 void InteraccionGuion::Progreso(int hechos, int total, const QString& texto) {
     progresos.emplace_back(hechos, total);
     if (eco_) {

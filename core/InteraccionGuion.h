@@ -5,6 +5,7 @@
 
 #include "Interaccion.h"
 
+#include <QStringList>
 #include <QTextStream>
 #include <deque>
 #include <functional>
@@ -26,6 +27,10 @@ public:
     std::deque<std::optional<QString>> textos;
     std::deque<std::optional<int>> busquedas;
     std::deque<std::function<bool(DialogoModelo&)>> dialogos;
+    // Answers of the printer dialog in turn, the last one staying; none
+    // keeps the current printer. A path is a file device.
+    QStringList impresoras;
+    int preguntasImpresora = 0;
 
     // Everything shown, in order.
     std::vector<MensajeVisto> vistos;
@@ -45,6 +50,7 @@ public:
     std::optional<int> Busca(const PeticionBusca& peticion) override;
     bool MuestraDialogo(DialogoModelo& dialogo) override;
     void Progreso(int hechos, int total, const QString& texto) override;
+    std::optional<QString> EligeImpresora(const QString& actual) override;
 
     // Texts of the plain messages, for assertions.
     QStringList Textos() const;

@@ -56,7 +56,7 @@ TEST_P(Despacho, DesignSixOnThePrinterRunsTheLayoutOfTheKey) {
     EXPECT_EQ(emitido, directo);
     EXPECT_TRUE(emitido.startsWith("\x12\r\n"));
     EXPECT_TRUE(emitido.contains("Factura......: A/1"));
-    EXPECT_EQ(s->ui().preguntas, 2); // each run asked for the printer once
+    EXPECT_EQ(s->ui().preguntasImpresora, 2); // each run asked for the printer once
 
     // A key without a layout prints the general report on the printer.
     plantilla(QStringLiteral("PLT99"));

@@ -12,22 +12,6 @@
 
 namespace vk::prueba {
 
-// The printer dialog answers with the printer given (a file path is a file
-// device).
-class InteraccionImpresora : public InteraccionGuion {
-public:
-    QStringList impresoras; // answers in turn; the last one stays
-    int preguntas = 0;
-    std::optional<QString> EligeImpresora(const QString&) override {
-        if (impresoras.isEmpty()) {
-            return std::nullopt;
-        }
-        const QString r = impresoras.size() > 1 ? impresoras.takeFirst() : impresoras.first();
-        ++preguntas;
-        return r;
-    }
-};
-
 struct LineaSpool {
     QString des;
     double uni = 1;
@@ -56,7 +40,7 @@ public:
 
     EmpresaPrueba& e() { return e_; }
     VKFACVENTAS& f() { return e_.factura(); }
-    InteraccionImpresora& ui() { return ui_; }
+    InteraccionGuion& ui() { return ui_; }
     QString salida() const { return dir_.filePath(QStringLiteral("impresora.txt")); }
 
     // A customer with its name, tax id and payment terms (0: none).
@@ -82,7 +66,7 @@ public:
 private:
     QTemporaryDir dir_;
     EmpresaPrueba e_;
-    InteraccionImpresora ui_;
+    InteraccionGuion ui_;
     int siguienteAlbaran_ = 1;
 };
 
