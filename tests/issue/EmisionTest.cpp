@@ -165,24 +165,21 @@ TEST_P(Emision, PrinterRouteSendsOneJobToTheChosenPrinter) {
     const qint32 a = factura(1);
     const qint32 b = factura(1);
     // The printer dialog names a file: a print-to-file printer.
-    class Impresora : public InteraccionGuion {
-    public:
-        QString destino;
-        std::optional<QString> EligeImpresora(const QString&) override { return destino; }
-    } ui;
-    ui.destino = dir.filePath(QStringLiteral("impreso.pdf"));
+    InteraccionGuion ui;
+    const QString destino = dir.filePath(QStringLiteral("impreso.pdf"));
+    ui.impresoras = {destino};
     const UsaInteraccion puerto(ui);
     VKFACVENTAS& f = e->factura();
     f.Tipo_Emision = 1;
     f.NumCopias = 2;
     f.EmisionMultiplesFacturas(0, true, {a, b}, true);
     EXPECT_TRUE(ui.vistos.empty()) << (ui.vistos.empty() ? "" : ui.vistos[0].texto.toStdString());
-    ASSERT_TRUE(QFileInfo::exists(ui.destino));
-    const QString texto = TextoPdf(ui.destino);
+    ASSERT_TRUE(QFileInfo::exists(destino));
+    const QString texto = TextoPdf(destino);
     EXPECT_TRUE(texto.contains(QStringLiteral("A/1")) && texto.contains(QStringLiteral("A/2")))
         << texto.toStdString();
     // A printer that is not there ends in the failure exit.
-    ui.destino = QStringLiteral("cola-que-no-existe");
+    ui.impresoras = {QStringLiteral("cola-que-no-existe")};
     f.EmisionMultiplesFacturas(0, true, {a}, true);
     ASSERT_EQ(ui.vistos.size(), 1u);
     EXPECT_EQ(ui.vistos[0].titulo, mensajes::kAccionCancelada);
