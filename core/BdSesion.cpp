@@ -119,7 +119,7 @@ QString BdSesion::abreSqlite(const CadenaConexion& c, ModoApertura modo) {
     const QString nombre = nuevoNombreConexion();
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre);
     db.setDatabaseName(fichero);
-    db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=30000"));
+    db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(c.esperaSegundos * 1000));
     if (!db.open()) {
         const QString error = errorApertura(db.lastError());
         db = QSqlDatabase();
@@ -142,9 +142,6 @@ QString BdSesion::abrePostgres(const CadenaConexion& c, ModoApertura) {
     db.setDatabaseName(c.baseDatos);
     if (!c.usuario.isEmpty()) {
         db.setUserName(c.usuario);
-    }
-    if (!c.clave.isEmpty()) {
-        db.setPassword(c.clave);
     }
     QString opciones = c.opciones;
     if (!opciones.contains(QLatin1String("connect_timeout"))) {

@@ -37,6 +37,10 @@ int usuarioValidado(const QString& valor) {
     return id;
 }
 
+const QString kClaveEnCadena = QStringLiteral(
+    "La cadena de conexión no debe llevar la contraseña: guárdela en el fichero de "
+    "contraseñas de PostgreSQL (PGPASSFILE, por defecto ~/.pgpass) o en PGPASSWORD.");
+
 CadenaConexion interpretaSqlite(const QString& texto, const QString& resto) {
     CadenaConexion c;
     c.motor = Motor::SQLite;
@@ -53,6 +57,14 @@ CadenaConexion interpretaSqlite(const QString& texto, const QString& resto) {
                 c.catalogo = catalogoValidado(valor);
             } else if (clave.compare(QLatin1String("usuario"), Qt::CaseInsensitive) == 0) {
                 c.idUsuario = usuarioValidado(valor);
+            } else if (clave.compare(QLatin1String("espera"), Qt::CaseInsensitive) == 0) {
+                bool ok = false;
+                c.esperaSegundos = valor.toInt(&ok);
+                if (!ok || c.esperaSegundos < 0 || c.esperaSegundos > 3600) {
+                    throw ErrorBd(QStringLiteral("La espera «%1» de la conexión debe ser un "
+                                                 "número de segundos entre 0 y 3600.")
+                                      .arg(valor));
+                }
             } else {
                 throw ErrorBd(
                     QStringLiteral("Opción desconocida «%1» en la conexión SQLite.").arg(clave));
@@ -73,7 +85,9 @@ CadenaConexion interpretaPostgres(const QString& texto) {
     c.puerto = url.port(5432);
     c.baseDatos = url.path().mid(1);
     c.usuario = url.userName();
-    c.clave = url.password();
+    if (!url.password().isEmpty()) {
+        throw ErrorBd(kClaveEnCadena);
+    }
     c.catalogo = QString::fromLatin1(CadenaConexion::kCatalogoPorDefecto);
     QStringList opciones;
     for (const auto& [clave, valor] : QUrlQuery(url).queryItems(QUrl::FullyDecoded)) {
@@ -87,6 +101,8 @@ CadenaConexion interpretaPostgres(const QString& texto) {
             c.puerto = valor.toInt();
         } else if (clave == QLatin1String("user")) {
             c.usuario = valor;
+        } else if (clave.compare(QLatin1String("password"), Qt::CaseInsensitive) == 0) {
+            throw ErrorBd(kClaveEnCadena);
         } else {
             if (valor.contains(QLatin1Char(';'))) {
                 throw errorCadena(texto);

@@ -2,7 +2,8 @@
 //   DIR                                   SQLite in that folder, default catalog
 //   sqlite:DIR?catalogo=NAME              SQLite, DIR/<name>.sqlite
 //   postgresql://user@host:port/db?catalogo=name[&host=/socket/dir][&libpq options]
-// Credentials come from the string, PGPASSFILE or the environment.
+// A password never stands in the string (it would end up in shell histories
+// and process lists): PostgreSQL takes it from PGPASSFILE or the environment.
 #pragma once
 
 #include "Dialecto.h"
@@ -18,13 +19,15 @@ struct CadenaConexion {
 
     // SQLite
     QString directorio;
+    // Seconds a write waits for another program's lock before it fails with
+    // "ocupada" (espera=N).
+    int esperaSegundos = 30;
 
     // PostgreSQL
     QString servidor; // host name or Unix socket folder
     int puerto = 5432;
     QString baseDatos;
     QString usuario;
-    QString clave;
     QString opciones; // libpq options, "k=v;k=v" as QtSql takes them
 
     static constexpr const char* kCatalogoPorDefecto = "vkemp0001";

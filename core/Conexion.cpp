@@ -1,6 +1,7 @@
 #include "Conexion.h"
 
 #include "ErrorBd.h"
+#include "MensajesCore.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -17,6 +18,44 @@ QString textoError(const QSqlError& e) {
         t = e.text().trimmed();
     }
     return t;
+}
+
+// The failure as a person should read it, by the engine's own code: SQLite's
+// result code, PostgreSQL's SQLSTATE.
+ErrorBd errorDeSentencia(const QSqlError& e, bool sqlite, const QString& sql) {
+    const QString codigo = e.nativeErrorCode();
+    const QString detalle = QStringLiteral("%1 [%2]\nSentencia: %3")
+                                .arg(textoError(e), codigo, sql.simplified());
+    if (sqlite) {
+        switch (codigo.toInt() & 0xff) {
+        case 5: // SQLITE_BUSY
+        case 6: // SQLITE_LOCKED
+            return ErrorBd(mensajes::kBdOcupada, detalle, ClaseError::Ocupada);
+        case 13: // SQLITE_FULL
+            return ErrorBd(mensajes::kBdSinEspacio, detalle, ClaseError::Almacenamiento);
+        case 8:  // SQLITE_READONLY
+        case 10: // SQLITE_IOERR
+        case 11: // SQLITE_CORRUPT
+        case 14: // SQLITE_CANTOPEN
+        case 26: // SQLITE_NOTADB
+            return ErrorBd(mensajes::kBdNoEscribible, detalle, ClaseError::Almacenamiento);
+        default:
+            break;
+        }
+    } else {
+        if (codigo == QLatin1String("55P03") || codigo == QLatin1String("40001") ||
+            codigo == QLatin1String("40P01")) {
+            return ErrorBd(mensajes::kBdOcupada, detalle, ClaseError::Ocupada);
+        }
+        if (codigo == QLatin1String("53100")) {
+            return ErrorBd(mensajes::kBdSinEspacio, detalle, ClaseError::Almacenamiento);
+        }
+        if (codigo.startsWith(QLatin1String("08")) || codigo.startsWith(QLatin1String("57P")) ||
+            codigo.startsWith(QLatin1String("53"))) {
+            return ErrorBd(mensajes::kBdConexionPerdida, detalle, ClaseError::Almacenamiento);
+        }
+    }
+    return ErrorBd(mensajes::kBdRechazo, detalle, ClaseError::General);
 }
 
 } // namespace
@@ -80,12 +119,11 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
     }
     QSqlQuery& q = *consulta;
     const auto falla = [&]() {
-        const QString error = textoError(q.lastError());
+        ErrorBd error = errorDeSentencia(q.lastError(), dialecto_.esSQLite(), sql);
         q.finish();
         // A statement that failed to prepare is not kept.
         preparadas_.remove(sql);
-        return ErrorBd(QStringLiteral("Error de base de datos: %1\nSentencia: %2")
-                           .arg(error, sql.simplified()));
+        return error;
     };
     if (!ok) {
         throw falla();
@@ -133,7 +171,17 @@ void Conexion::CommitTrans() {
     }
     --nivel_;
     if (nivel_ == 0) {
-        Execute(QStringLiteral("COMMIT"));
+        try {
+            Execute(QStringLiteral("COMMIT"));
+        } catch (const ErrorBd&) {
+            // A commit that failed (a full disk) must not leave the work open
+            // on the connection for the next statement to join.
+            try {
+                Execute(QStringLiteral("ROLLBACK"));
+            } catch (const ErrorBd&) {
+            }
+            throw;
+        }
     } else {
         Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
     }

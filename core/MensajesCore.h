@@ -20,4 +20,16 @@ inline const QString kSinContabilizacion = QStringLiteral(
     "La contabilización automática no está disponible en esta instalación: desactive la "
     "contabilización al grabar (Par_ModConCon) o instale el enlace contable.");
 
+// Failures of the database, by kind; the server's own text goes to the detail.
+inline const QString kBdOcupada =
+    QStringLiteral("La base de datos está ocupada por otro usuario; inténtelo de nuevo");
+inline const QString kBdSinEspacio = QStringLiteral(
+    "No queda espacio en el disco de la base de datos: libere espacio e inténtelo de nuevo.");
+inline const QString kBdNoEscribible = QStringLiteral(
+    "No se puede escribir en la base de datos (sin permiso, de solo lectura o con un error "
+    "del disco).");
+inline const QString kBdConexionPerdida =
+    QStringLiteral("Se ha perdido la conexión con el servidor de la base de datos.");
+inline const QString kBdRechazo = QStringLiteral("La base de datos ha rechazado la operación.");
+
 } // namespace vk::mensajes
