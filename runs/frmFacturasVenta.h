@@ -40,6 +40,14 @@ struct GrupoFacturable {
     qint16 CLI_ModoRetNF = 0;
 };
 
+// An invoice of the run that did not finish, or a group left undone, with
+// the reason a person reads.
+struct IncidenciaFacturacion {
+    QString factura; // "A/12", or empty when no number was used
+    QString cliente;
+    QString motivo;
+};
+
 // One delivery note of the current group: a row of ListView1.
 struct AlbaranFacturable {
     qint32 Cav_Id = 0;
@@ -92,8 +100,12 @@ public:
     void cmdImpresoras();
     void cmdFacturar();
 
-    // What the last run made, for hosts that report it.
+    // What the last run made, for hosts that report it: the invoices made
+    // (finished or not), those that did not finish and the groups left
+    // undone, and whether the run stopped before the end.
     std::vector<qint32> facturasGeneradas;
+    std::vector<IncidenciaFacturacion> incidencias;
+    bool ejecucionDetenida = false;
     bool ultimaOrdenRechazada = false;
 
 private:
