@@ -3,78 +3,36 @@
 #include "Argumentos.h"
 
 #include <BdSesion.h>
-#include <DireccionFactura.h>
 #include <ErrorBd.h>
+#include <FacturacionAlbaranes.h>
 #include <Formato.h>
 #include <InteraccionGuion.h>
 #include <RegistroSuite.h>
 #include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
+#include <algorithm>
 #include <frmIniFav.h>
 
 namespace vk::app {
 
 namespace {
 
-QList<qint32> leeAlbaranes(const QString& lista) {
-    QList<qint32> ids;
+std::vector<qint32> leeAlbaranes(const QString& lista) {
+    std::vector<qint32> ids;
     for (const QString& parte : lista.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
         bool ok = false;
         const qint32 id = parte.trimmed().toInt(&ok);
         if (!ok || id <= 0) {
             throw ErrorUso(QStringLiteral("Identificador de albarán no válido: «%1».").arg(parte));
         }
-        if (!ids.contains(id)) {
-            ids << id;
+        if (std::find(ids.begin(), ids.end(), id) == ids.end()) {
+            ids.push_back(id);
         }
     }
-    if (ids.isEmpty()) {
+    if (ids.empty()) {
         throw ErrorUso(QStringLiteral("Indique los albaranes con --albaranes ID[,ID...]."));
     }
     return ids;
-}
-
-// The notes must exist, be pending and belong to one customer. Returns it.
-qint32 compruebaAlbaranes(BdSesion& bd, const QList<qint32>& ids) {
-    qint32 cliente = 0;
-    for (const qint32 id : ids) {
-        Recordset rs = bd.cn().Execute(
-            QStringLiteral("SELECT Cav_IdCli, Cav_Situa, Cav_IdFactura FROM Cav WHERE Cav_Id = ?"),
-            {id});
-        if (rs.Eof()) {
-            throw ErrorBd(QStringLiteral("No existe el albarán %1.").arg(id));
-        }
-        if (rs.Fields(QStringLiteral("Cav_Situa")).Entero() != 1 ||
-            !rs.Fields(QStringLiteral("Cav_IdFactura")).IsNull()) {
-            throw ErrorBd(QStringLiteral("El albarán %1 ya está facturado.").arg(id));
-        }
-        const qint32 c = static_cast<qint32>(rs.Fields(QStringLiteral("Cav_IdCli")).Entero());
-        if (cliente != 0 && c != cliente) {
-            throw ErrorBd(QStringLiteral("Los albaranes son de varios clientes: una factura "
-                                         "solo puede llevar albaranes de un cliente."));
-        }
-        cliente = c;
-    }
-    return cliente;
-}
-
-// The header as the invoicing screens compose it: the customer's terms,
-// discounts and retention, and the first note's address.
-void componeCabecera(VKFACVENTAS& f, BdSesion& bd, qint32 cliente, qint32 primerAlbaran) {
-    Recordset cli = bd.cn().Execute(
-        QStringLiteral("SELECT cli_fco, Cli_DTo1, CLI_Dto2, CLI_RetNFiscal, CLI_ModoRetNF, "
-                       "Cli_favobs, cli_fatencion FROM Cli WHERE CLI_ID = ?"),
-        {cliente});
-    f.IdCliente = cliente;
-    f.IdFco = static_cast<qint32>(cli.Fields(QStringLiteral("cli_fco")).Entero());
-    f.PorcentajeDto1 = cli.Fields(QStringLiteral("Cli_DTo1")).Doble();
-    f.PorcentajeDto2 = cli.Fields(QStringLiteral("CLI_Dto2")).Doble();
-    f.porcentajeretencionnf = cli.Fields(QStringLiteral("CLI_RetNFiscal")).Doble();
-    f.nModoRetNF = static_cast<qint16>(cli.Fields(QStringLiteral("CLI_ModoRetNF")).Entero());
-    f.Observaciones = cli.Fields(QStringLiteral("Cli_favobs")).Texto();
-    f.Aatencion = cli.Fields(QStringLiteral("cli_fatencion")).Texto();
-    f.idDir = 0;
-    msDireccionDeAlbaran(f, primerAlbaran);
 }
 
 // A rate for people: "21", "5,2".
@@ -160,7 +118,7 @@ int OrdenFactura(const QStringList& args, QTextStream& out) {
         throw ErrorUso(QStringLiteral("Indique la fecha de la factura con --fecha DD/MM/AAAA."));
     }
     const QDate fecha = fnLeeFecha(*textoFecha);
-    const QList<qint32> albaranes =
+    const std::vector<qint32> albaranes =
         leeAlbaranes(a.valor(QStringLiteral("--albaranes")).value_or(QString()));
     qint32 numero = 0;
     if (const auto n = a.valor(QStringLiteral("--numero"))) {
@@ -187,53 +145,40 @@ int OrdenFactura(const QStringList& args, QTextStream& out) {
     VKFACVENTAS f;
     f.setMyBd(*bd);
 
-    const qint32 cliente = compruebaAlbaranes(*bd, albaranes);
-    if (!f.VerificarFechaFactura(serie, fecha.toString(QStringLiteral("dd/MM/yyyy")))) {
-        return 1;
+    // The notes as the batch screen would group them; refused, with the
+    // reason, when they would make more than one invoice.
+    GrupoAlbaranes grupo = fnGrupoDeAlbaranes(*bd, albaranes);
+    grupo.cabecera.serie = serie;
+    grupo.cabecera.fecha = fecha;
+    // A number is only taken for a series without invoices: anywhere else
+    // it would leave a gap or collide.
+    if (numero > 0 &&
+        !bd->cn()
+             .Execute(QStringLiteral("SELECT 1 FROM Fav WHERE Fav_Serie = ? LIMIT 1"), {serie})
+             .Eof()) {
+        throw ErrorUso(QStringLiteral("La serie %1 ya tiene facturas: su número es el siguiente "
+                                      "al último, sin --numero.")
+                           .arg(serie));
     }
-    componeCabecera(f, *bd, cliente, albaranes.first());
-    f.SerieFactura = serie;
-    f.FechaFactura = fecha;
-    // A series without invoices asks for its first number: --numero answers,
-    // and without it the dialog's own default stands. For a series that has
-    // invoices the next number is taken.
-    const bool serieVacia =
-        bd->cn()
-            .Execute(QStringLiteral("SELECT COUNT(*) FROM Fav WHERE Fav_Serie = ?"), {serie})
-            .Fields(0)
-            .Entero() == 0;
-    f.NumeroFactura = serieVacia ? 0 : numero;
     ui.dialogos.push_back([numero](DialogoModelo& d) {
-        auto& dialogo = dynamic_cast<frmIniFav&>(d);
-        dialogo.Text1 = numero > 0 ? QString::number(numero) : QString();
-        return dialogo.cmdInforme();
+        auto* dialogo = dynamic_cast<frmIniFav*>(&d);
+        if (!dialogo) {
+            return false;
+        }
+        dialogo->Text1 = numero > 0 ? QString::number(numero) : QString();
+        return dialogo->cmdInforme();
     });
 
-    // All or nothing: the header, the notes, the amounts and the receipts.
-    Transaccion t(bd->cn());
-    const qint32 id = f.NuevaFactura(1);
-    if (id == 0) {
-        throw ErrorBd(QStringLiteral("No se pudo crear la factura %1/%2: ese número ya existe o el "
-                                     "cliente no está.")
-                          .arg(serie)
-                          .arg(f.NumeroFactura));
+    const ResultadoFacturacion r = FacturaAlbaranes(f, grupo.cabecera, grupo.albaranes);
+    if (!r.Creada()) {
+        throw ErrorBd(r.motivo.isEmpty() ? QStringLiteral("No se ha hecho la factura.") : r.motivo,
+                      r.detalle, ClaseError::General);
     }
-    f.IdFactu = id;
-    for (const qint32 albaran : albaranes) {
-        bd->cn().Execute(QStringLiteral("UPDATE Cav SET Cav_Situa = 2, Cav_IdFactura = ? WHERE "
-                                        "Cav_Id = ? AND Cav_Situa = 1"),
-                         {id, albaran});
-        if (bd->cn().RecordsAffected() != 1) {
-            throw ErrorBd(QStringLiteral("El albarán %1 ya está facturado.").arg(albaran));
-        }
-    }
-    f.CalculoTotalesFactura();
-    if (!f.GrabaFactura(true, false)) {
-        throw ErrorBd(
-            QStringLiteral("No se pudo grabar la factura %1/%2.").arg(serie).arg(f.NumeroFactura));
-    }
-    t.Confirma();
     imprimeFactura(f, *bd, out);
+    if (r.estado == EstadoFacturacion::SinTerminar) {
+        throw ErrorBd(QStringLiteral("Factura %1: %2").arg(r.factura, r.motivo), r.detalle,
+                      ClaseError::General);
+    }
     return 0;
 }
 

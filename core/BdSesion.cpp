@@ -231,6 +231,7 @@ void BdSesion::AjustaIdentidad(const QString& tabla, const QString& columna) {
 
 void BdSesion::Limpia(int) {
     campos_.Limpia();
+    errorConstructor_.reset();
     where_.clear();
     whereParametros_.clear();
 }
@@ -321,15 +322,19 @@ bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
             *nuevoId = rs.Eof() ? 0 : rs.Fields(0).Entero();
         }
         sMensaje.clear();
+        errorConstructor_.reset();
         Limpia();
         return true;
     } catch (const ErrorBd& e) {
-        return rechaza(sMensaje, e.Mensaje());
+        rechaza(sMensaje, e.Mensaje());
+        errorConstructor_ = e;
+        return false;
     }
 }
 
 bool BdSesion::rechaza(QString& sMensaje, const QString& texto) {
     sMensaje = texto;
+    errorConstructor_.reset();
     Limpia();
     return false;
 }

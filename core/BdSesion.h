@@ -6,6 +6,7 @@
 #include "BdParametros.h"
 #include "CadenaConexion.h"
 #include "Conexion.h"
+#include "ErrorBd.h"
 
 #include <QString>
 #include <QStringList>
@@ -62,6 +63,10 @@ public:
     // With `nuevoId`, the identity of the new row comes back from the insert
     // itself (RETURNING), never from a later max().
     bool Inserta(QString& sMensaje, qint64* nuevoId = nullptr);
+    // The database's error behind the last builder statement that returned
+    // false, with its kind and detail; empty when it succeeded or the builder
+    // refused it before reaching the database.
+    const std::optional<ErrorBd>& ErrorConstructor() const { return errorConstructor_; }
 
     // --- of this implementation ---
     const CadenaConexion& cadena() const { return cadena_; }
@@ -91,6 +96,7 @@ private:
 
     QString tabla_;
     BdCampos campos_;
+    std::optional<ErrorBd> errorConstructor_;
     QString where_;
     QVariantList whereParametros_;
 };

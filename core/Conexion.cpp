@@ -24,8 +24,11 @@ QString textoError(const QSqlError& e) {
 // result code, PostgreSQL's SQLSTATE.
 ErrorBd errorDeSentencia(const QSqlError& e, bool sqlite, const QString& sql) {
     const QString codigo = e.nativeErrorCode();
-    const QString detalle = QStringLiteral("%1 [%2]\nSentencia: %3")
-                                .arg(textoError(e), codigo, sql.simplified());
+    QString texto = textoError(e);
+    if (!codigo.isEmpty() && !texto.contains(codigo)) {
+        texto += QStringLiteral(" (") + codigo + QLatin1Char(')');
+    }
+    const QString detalle = texto + QStringLiteral("\nSentencia: ") + sql.simplified();
     if (sqlite) {
         switch (codigo.toInt() & 0xff) {
         case 5: // SQLITE_BUSY
@@ -193,7 +196,12 @@ void Conexion::RollbackTrans() {
     }
     --nivel_;
     if (nivel_ == 0) {
-        Execute(QStringLiteral("ROLLBACK"));
+        try {
+            Execute(QStringLiteral("ROLLBACK"));
+        } catch (const ErrorBd&) {
+            // The engine already ended it (SQLite does on a full disk) or the
+            // connection is gone: either way nothing of it stands.
+        }
     } else {
         Execute(QStringLiteral("ROLLBACK TO SAVEPOINT vk_nivel_%1").arg(nivel_));
         Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));

@@ -28,9 +28,11 @@ public:
 
     explicit ErrorBd(const QString& mensaje, int codigo = kGeneral)
         : std::runtime_error(mensaje.toStdString()), mensaje_(mensaje), codigo_(codigo) {}
+    // what() carries both, for logs and test reports; people read Mensaje().
     ErrorBd(const QString& mensaje, const QString& detalle, ClaseError clase)
-        : std::runtime_error(mensaje.toStdString()), mensaje_(mensaje), detalle_(detalle),
-          clase_(clase) {}
+        : std::runtime_error(
+              (detalle.isEmpty() ? mensaje : mensaje + QLatin1Char('\n') + detalle).toStdString()),
+          mensaje_(mensaje), detalle_(detalle), clase_(clase) {}
 
     const QString& Mensaje() const { return mensaje_; }
     // The technical detail (the server's text, the statement); may be empty.

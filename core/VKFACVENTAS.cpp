@@ -170,14 +170,15 @@ QString VKFACVENTAS::CreatePdf(qint32 nIdFactura) {
     return PdfOutFile;
 }
 
-bool VKFACVENTAS::ConexionContableFacturaVentas(qint16 nEmp, const QString& sWhere, bool bCobros,
+bool VKFACVENTAS::ConexionContableFacturaVentas(qint16 nEmp, const QString& sWhere,
+                                                const QVariantList& vWhere, bool bCobros,
                                                 bool bBorra, bool bEdicion,
                                                 const QString& sAsientoCobro) {
     if (!ExisteComponente(QString::fromLatin1(ContabilizadorVentas::kProgId))) {
         throw ErrorBd(mensajes::kSinContabilizacion);
     }
     return CreaObjeto<ContabilizadorVentas>(QString::fromLatin1(ContabilizadorVentas::kProgId))
-        ->ConexionContableFacturaVentas(*this, nEmp, sWhere, bCobros, bBorra, bEdicion,
+        ->ConexionContableFacturaVentas(*this, nEmp, sWhere, vWhere, bCobros, bBorra, bEdicion,
                                         sAsientoCobro);
 }
 

@@ -111,7 +111,10 @@ public:
     bool VerificarFechaFactura(const QString& sSerie, const QString& sFecha);
 
     // --- accounting ---
-    bool ConexionContableFacturaVentas(qint16 nEmp, const QString& sWhere, bool bCobros = false,
+    // `sWhere` selects the invoices with `?` placeholders; `vWhere` are their
+    // values, bound in order.
+    bool ConexionContableFacturaVentas(qint16 nEmp, const QString& sWhere,
+                                       const QVariantList& vWhere, bool bCobros = false,
                                        bool bBorra = false, bool bEdicion = false,
                                        const QString& sAsientoCobro = {});
 
@@ -143,8 +146,9 @@ class ContabilizadorVentas : public Componente {
 public:
     static constexpr const char* kProgId = "VKFACTUVEN.CONTABILIZACION";
     virtual bool ConexionContableFacturaVentas(VKFACVENTAS& factura, qint16 nEmp,
-                                               const QString& sWhere, bool bCobros, bool bBorra,
-                                               bool bEdicion, const QString& sAsientoCobro) = 0;
+                                               const QString& sWhere, const QVariantList& vWhere,
+                                               bool bCobros, bool bBorra, bool bEdicion,
+                                               const QString& sAsientoCobro) = 0;
 };
 
 // Module state: the one instance, and the clause printed on invoices.

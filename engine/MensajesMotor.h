@@ -27,4 +27,34 @@ inline const QString kLineaSinIva = QStringLiteral(
 inline const QString kSinTipoEnVigor =
     QStringLiteral("No hay ningún tipo de IVA del régimen %1, clase %2, en vigor el %3.");
 
+inline const QString kSerieAgotada =
+    QStringLiteral("La serie %1 ha llegado a su último número de factura: use otra serie.");
+inline const QString kFechaFueraDeRango =
+    QStringLiteral("La fecha de la factura (%1) debe estar entre el 01/01/2000 y el 31/12/2099.");
+inline const QString kFaltaSerie = QStringLiteral("Falta la serie de la factura.");
+inline const QString kAlbaranTomado = QStringLiteral(
+    "El albarán %1 ya no está pendiente: lo ha facturado otro usuario mientras tanto. La "
+    "factura no se ha hecho.");
+inline const QString kAlbaranNoExiste = QStringLiteral("No existe el albarán %1.");
+inline const QString kAlbaranFacturado = QStringLiteral("El albarán %1 ya está facturado.");
+inline const QString kFacturaNoCreada =
+    QStringLiteral("No se pudo crear la factura de la serie %1: %2");
+inline const QString kFacturaNoCalculada =
+    QStringLiteral("No se pudo calcular la factura, que no se ha hecho: %1");
+inline const QString kFacturaNoGrabada = QStringLiteral("No se pudieron grabar los importes: %1");
+inline const QString kFacturaSinTerminar =
+    QStringLiteral("La factura se ha grabado con sus importes, pero no se terminó: %1");
+inline const QString kContabilizacionFallida =
+    QStringLiteral("la contabilización de la factura no se completó.");
+inline const QString kAlbaranesVariosClientes = QStringLiteral(
+    "Los albaranes son de varios clientes: una factura solo puede llevar albaranes de un "
+    "cliente.");
+inline const QString kAlbaranesOtroGrupo =
+    QStringLiteral("El albarán %1 no puede ir en la misma factura que el %2: tiene otra %3.");
+inline const QString kClienteNoExiste =
+    QStringLiteral("No existe el cliente %1: la factura no se ha hecho.");
+inline const QString kSinAlbaranes = QStringLiteral("Indique al menos un albarán que facturar.");
+inline const QString kCuentaCobroIncorrecta =
+    QStringLiteral("La cuenta de cobro del cliente no es correcta. No puede facturar este cliente");
+
 } // namespace vk::mensajes

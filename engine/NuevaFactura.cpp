@@ -1,6 +1,8 @@
 // The header row of a new invoice: its number, the customer's frozen identity
 // and the data the caller composed.
+#include "BloqueoSerie.h"
 #include "Cuentas.h"
+#include "MensajesMotor.h"
 #include "frmIniFav.h"
 
 #include <ErrorBd.h>
@@ -8,6 +10,8 @@
 #include <Interaccion.h>
 #include <NombreCliente.h>
 #include <VKFACVENTAS.h>
+#include <limits>
+#include <optional>
 
 namespace vk {
 
@@ -19,9 +23,12 @@ qint32 siguienteNumero(VKFACVENTAS& f, Conexion& cn) {
     Recordset rs = cn.Execute(
         QStringLiteral("SELECT COALESCE(MAX(Fav_Numero), 0) FROM Fav WHERE Fav_Serie = ?"),
         {f.SerieFactura});
-    const qint32 ultimo = static_cast<qint32>(rs.Fields(0).Entero());
+    const qint64 ultimo = rs.Fields(0).Entero();
+    if (ultimo >= std::numeric_limits<qint32>::max()) {
+        throw ErrorBd(mensajes::kSerieAgotada.arg(f.SerieFactura));
+    }
     if (ultimo > 0) {
-        return ultimo + 1;
+        return static_cast<qint32>(ultimo + 1);
     }
     f.NumeroFactura = -1;
     frmIniFav dialogo(f);
@@ -38,13 +45,13 @@ qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
         static_cast<int>(bd.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
 
     // "max + 1 in the series" is only safe with the series locked from the
-    // read to the insert: a transaction of its own (or a savepoint inside the
-    // caller's) with the dialect's lock. The unique index stands behind it.
-    Transaccion t(cn);
-    const QString bloqueo = cn.dialecto().bloqueoSerie();
-    if (!bloqueo.isEmpty()) {
-        cn.Execute(bloqueo, {bd.Catalogo() + QStringLiteral("/Fav/") + SerieFactura});
+    // read to the insert: inside the caller's transaction, or in one of its
+    // own. The unique index stands behind it.
+    std::optional<Transaccion> propia;
+    if (cn.NivelTransaccion() == 0) {
+        propia.emplace(cn);
     }
+    msBloqueaSerie(bd, SerieFactura);
     if (NumeroFactura == 0) {
         NumeroFactura = siguienteNumero(*this, cn);
         if (NumeroFactura == 0) {
@@ -114,7 +121,9 @@ qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
     if (!bd.Inserta(mensaje, &id)) {
         return 0; // the number is simply not used
     }
-    t.Confirma();
+    if (propia) {
+        propia->Confirma();
+    }
     return static_cast<qint32>(id);
 }
 

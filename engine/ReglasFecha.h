@@ -24,6 +24,14 @@ std::optional<QDate> fnFechaCambioSerie(BdSesion& bd, const QString& nuevaSerie,
 // its neighbours by number. False, after the message, when it does not.
 bool fnFechaEntreVecinas(BdSesion& bd, const QString& serie, qint32 numero, const QDate& nueva);
 
+// Invoice dates this system takes: a year typed wrong (9999) would close the
+// series to every later invoice, since none may be dated before it.
+inline const QDate kPrimeraFechaFactura{2000, 1, 1};
+inline const QDate kUltimaFechaFactura{2099, 12, 31};
+inline bool fnFechaFacturaAdmisible(const QDate& fecha) {
+    return fecha.isValid() && fecha >= kPrimeraFechaFactura && fecha <= kUltimaFechaFactura;
+}
+
 // Reads a date typed by a person (dd/mm/yyyy, d/m/yy or yyyy-mm-dd); throws
 // ErrorBd when the text is not a date.
 QDate fnLeeFecha(const QString& texto);

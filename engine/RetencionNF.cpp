@@ -49,11 +49,19 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
     c.Add(QStringLiteral("RetNF_IdRetNf"), TipoCampo::Numero, 0);
     c.Add(QStringLiteral("RetNF_IdRec"), TipoCampo::Numero, idRecibo);
     bd.Where(QString());
+    // A failed insert takes nothing else with it: the amounts of Fav and the
+    // removal of the old row stand.
+    Transaccion t(cn);
     if (!bd.Inserta(mensaje)) {
+        t.Deshaz();
+        if (bd.ErrorConstructor() && bd.ErrorConstructor()->AfectaATodo()) {
+            throw *bd.ErrorConstructor();
+        }
         throw ErrorBd(
             QStringLiteral("No se pudo grabar la retención de la factura: %1").arg(mensaje),
             ErrorBd::kBuilder);
     }
+    t.Confirma();
 }
 
 } // namespace vk

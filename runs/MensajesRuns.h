@@ -9,8 +9,6 @@ inline const QString kTituloMultifactura = QStringLiteral("Facturación a Client
 inline const QString kSinAlbaranesPendientes =
     QStringLiteral("No existen albaranes pendientes de facturar entre los datos seleccionados");
 inline const QString kFaltaFechaFactura = QStringLiteral("Falta Fecha Factura");
-inline const QString kCuentaCobroIncorrecta =
-    QStringLiteral("La cuenta de cobro del cliente no es correcta. No puede facturar este cliente");
 inline const QString kConfirmaTodos = QStringLiteral(
     "Ha seleccionado facturar todos los clientes informados en la lista de clientes con "
     "albaranes facturables\r\nConfirma que desea realizar esta acción");
@@ -23,6 +21,11 @@ inline const QString kImprimirAlbaranes = QStringLiteral("Desea imprimir los num
 inline const QString kAlbaranesPendientesDe = QStringLiteral("Albaranes pendientes de ");
 inline const QString kLineasDelAlbaran = QStringLiteral("Lineas del albaran ");
 inline const QString kFacturandoGrupo = QStringLiteral("Facturando %1");
-inline const QString kErrorGrupo = QStringLiteral("No se pudo terminar la factura de %1: %2");
+inline const QString kFacturaIncompleta = QStringLiteral("Factura %1: %2");
+inline const QString kIncidenciasRun =
+    QStringLiteral("%1 facturas o grupos no se terminaron; revíselos y vuelva a facturar:");
+inline const QString kMasIncidencias = QStringLiteral("… y %1 más.");
+inline const QString kGruposSinIntentar = QStringLiteral(
+    "La facturación se ha detenido: quedan %1 grupos sin facturar, con sus albaranes pendientes.");
 
 } // namespace vk::mensajes

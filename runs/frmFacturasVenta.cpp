@@ -1,15 +1,17 @@
 #include "frmFacturasVenta.h"
 
 #include "Combos.h"
-#include "DireccionFactura.h"
 #include "MensajesRuns.h"
 
 #include <Ajustes.h>
 #include <BdUtil.h>
 #include <Descuentos.h>
+#include <DireccionFactura.h>
 #include <ErrorBd.h>
+#include <FacturacionAlbaranes.h>
 #include <Formato.h>
 #include <Interaccion.h>
+#include <MensajesMotor.h>
 #include <NombreCliente.h>
 #include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
@@ -211,17 +213,11 @@ void frmFacturasVenta::msCargarAlbaranes() {
     // Addresses, the fiscal one first.
     cboDir.clear();
     direcciones_.clear();
-    Recordset dir = bd_.cn().Execute(
-        QStringLiteral("SELECT Dir_Id, RTRIM(Dir_Poblacion) AS Pobla, (CASE WHEN dir_fiscal = '1' "
-                       "THEN '(Fiscal)' ELSE '' END) AS Fiscal FROM Dir LEFT JOIN Clidir ON "
-                       "Clidir_Dir = DIR_ID WHERE Clidir_cli = ? ORDER BY dir_Fiscal DESC, Dir_Id"),
-        {g.Cav_Idcli});
-    for (; !dir.Eof(); dir.MoveNext()) {
-        direcciones_.push_back(static_cast<qint32>(dir.Fields(0).Entero()));
+    for (const DireccionCliente& d : fnDireccionesCliente(bd_, g.Cav_Idcli)) {
+        direcciones_.push_back(d.idDir);
         cboDir << QStringLiteral("%1 - %2 %3")
-                      .arg(dir.Fields(0).Entero())
-                      .arg(dir.Fields(QStringLiteral("Pobla")).Texto(),
-                           dir.Fields(QStringLiteral("Fiscal")).Texto());
+                      .arg(d.idDir)
+                      .arg(d.poblacion, d.fiscal ? QStringLiteral("(Fiscal)") : QString());
     }
     cboDirIndex = cboDir.isEmpty() ? -1 : 0;
     cboFpagoIndex = -1;
@@ -318,24 +314,21 @@ bool frmFacturasVenta::compruebaFacturacion() {
     if (!factura_.VerificarFechaFactura(Text1[5], Text1[6])) {
         return false;
     }
-    // A domiciled payment needs the customer's bank account.
-    if (cboFpagoIndex >= 0 && filaCli >= 0 && filaCli < static_cast<int>(dbgCli.size())) {
-        const QString cuenta = textoONada(dbgCli[filaCli].CLI_CTA);
-        Recordset fcol =
-            bd_.cn().Execute(QStringLiteral("SELECT Fcol_Mod FROM Fcol WHERE Fcol_id = ?"),
-                             {fnIdCombo(cboFpago[cboFpagoIndex])});
-        for (; !fcol.Eof(); fcol.MoveNext()) {
-            if (fcol.Fields(0).Entero() == 2 && cuenta.size() < 20) {
-                Ui().Mensaje(mensajes::kCuentaCobroIncorrecta, Icono::Aviso, Caption);
-                return false;
-            }
-        }
+    // A domiciled payment needs the customer's bank account (the group
+    // current at this moment, also in the all-customers run).
+    if (cboFpagoIndex >= 0 && filaCli >= 0 && filaCli < static_cast<int>(dbgCli.size()) &&
+        !fnCuentaCobroValida(bd_, fnIdCombo(cboFpago[cboFpagoIndex]),
+                             textoONada(dbgCli[filaCli].CLI_CTA))) {
+        Ui().Mensaje(mensajes::kCuentaCobroIncorrecta, Icono::Aviso, Caption);
+        return false;
     }
     return true;
 }
 
 void frmFacturasVenta::cmdFacturar() {
     facturasGeneradas.clear();
+    incidencias.clear();
+    ejecucionDetenida = false;
     ultimaOrdenRechazada = true;
     try {
         if (!compruebaFacturacion()) {
@@ -369,96 +362,49 @@ void frmFacturasVenta::cmdFacturar() {
     }
 }
 
-void frmFacturasVenta::rellenaFactura(const GrupoFacturable& g, qint32 idPrimerAlbaran,
-                                      bool todos) {
-    VKFACVENTAS& f = factura_;
-    f.SerieFactura = Text1[5];
-    f.NumeroFactura = 0;
-    f.FechaFactura = fnLeeFecha(Text1[6]);
-    f.IdCliente = g.Cav_Idcli;
+CabeceraFactura frmFacturasVenta::cabecera(const GrupoFacturable& g, bool todos) const {
+    CabeceraFactura c;
+    c.serie = Text1[5];
+    c.fecha = fechaDe(Text1[6]).value_or(QDate());
+    c.idCliente = g.Cav_Idcli;
     if (!todos) {
         if (Text1_14_Enabled) {
-            f.Aatencion = Text1[14];
+            c.atencion = Text1[14];
         } else {
             Recordset rs = bd_.cn().Execute(
                 QStringLiteral("SELECT cli_fatencion FROM Cli WHERE cli_id = ?"), {g.Cav_Idcli});
-            f.Aatencion = rs.Eof() ? QString() : rs.Fields(0).Texto();
+            c.atencion = rs.Eof() ? QString() : rs.Fields(0).Texto();
         }
-    }
-    f.IdFco = cboFpagoIndex >= 0 ? fnIdCombo(cboFpago[cboFpagoIndex]) : 0;
-    f.Observaciones = Text1[7];
-    if (Check5) {
-        f.PorcentajeDto1 = Val(QString(Text1[8]).replace(QLatin1Char(','), QLatin1Char('.')));
-        f.PorcentajeDto2 = Val(QString(Text1[9]).replace(QLatin1Char(','), QLatin1Char('.')));
-    } else {
-        f.PorcentajeDto1 = g.cav_dto1;
-        f.PorcentajeDto2 = g.cav_dto2;
-    }
-    if (!todos) {
         // The all-customers run leaves these as the facade has them.
-        f.porcentajeretencionnf = g.CLI_RetNFiscal;
-        f.nModoRetNF = g.CLI_ModoRetNF;
+        c.retencionNF = g.CLI_RetNFiscal;
+        c.modoRetencionNF = g.CLI_ModoRetNF;
     }
-    f.idDir = -1; // the address is stored by value
-    if (direcciones_.empty()) {
-        msDireccionDeAlbaran(f, idPrimerAlbaran);
+    c.idFco = cboFpagoIndex >= 0 ? fnIdCombo(cboFpago[cboFpagoIndex]) : 0;
+    c.observaciones = Text1[7];
+    if (Check5) {
+        c.dto1 = Val(QString(Text1[8]).replace(QLatin1Char(','), QLatin1Char('.')));
+        c.dto2 = Val(QString(Text1[9]).replace(QLatin1Char(','), QLatin1Char('.')));
     } else {
-        msDireccionDeDir(f, cboDirIndex >= 0 ? direcciones_[cboDirIndex] : direcciones_.front());
+        c.dto1 = g.cav_dto1;
+        c.dto2 = g.cav_dto2;
     }
+    if (!direcciones_.empty()) {
+        c.idDireccion = cboDirIndex >= 0 ? direcciones_[cboDirIndex] : direcciones_.front();
+    }
+    return c;
 }
 
-qint32 frmFacturasVenta::facturaAlbaranes(const GrupoFacturable& g,
-                                          const std::vector<qint32>& albaranes, bool todos) {
-    // The invoice's header and the links of its notes stand or fall
-    // together: a failed link undoes the invoice and leaves its notes pending.
-    Transaccion t(bd_.cn());
-    qint32 id = 0;
-    bool fallo = false;
-    for (const qint32 idCav : albaranes) {
-        if (id == 0) {
-            rellenaFactura(g, idCav, todos);
-            id = factura_.NuevaFactura();
-            factura_.IdFactu = id;
-            if (id == 0) {
-                break;
-            }
-        }
-        bd_.Tabla(QStringLiteral("Cav"));
-        bd_.Limpia(0);
-        bd_.xlsCampos().Add(QStringLiteral("Cav_Situa"), TipoCampo::Numero, 2);
-        bd_.xlsCampos().Add(QStringLiteral("Cav_IdFactura"), TipoCampo::Numero, id);
-        bd_.Where(QStringLiteral(" WHERE Cav_Id = ?"), {idCav});
-        QString mensaje;
-        if (!bd_.Update(mensaje)) {
-            fallo = true;
-        }
+ResultadoFacturacion frmFacturasVenta::facturaAlbaranes(const GrupoFacturable& g,
+                                                        const std::vector<qint32>& albaranes,
+                                                        bool todos) {
+    ResultadoFacturacion r = FacturaAlbaranes(factura_, cabecera(g, todos), albaranes);
+    if (r.Creada()) {
+        facturasGeneradas.push_back(r.idFactura);
     }
-    if (fallo || id == 0) {
-        t.Deshaz();
-        return 0;
+    if (r.estado != EstadoFacturacion::Hecha && !r.motivo.isEmpty()) {
+        incidencias.push_back({r.factura, g.Cli_Nom.trimmed(), r.motivo});
     }
-    // Totals, retention and receipts go in a savepoint of their own: when
-    // they fail, the invoice stays with its notes linked and without
-    // finished totals or receipts, never with half of them. One commit per
-    // invoice keeps the run fast on a server that syncs every commit.
-    std::optional<ErrorBd> error;
-    {
-        Transaccion totales(bd_.cn());
-        try {
-            factura_.CalculoTotalesFactura();
-            if (factura_.GrabaFactura(true, false)) {
-                totales.Confirma();
-            }
-        } catch (const ErrorBd& e) {
-            error = e;
-        }
-    }
-    t.Confirma();
-    facturasGeneradas.push_back(id);
-    if (error) {
-        throw *error;
-    }
-    return id;
+    return r;
 }
 
 void frmFacturasVenta::facturacionSelectiva() {
@@ -477,8 +423,15 @@ void frmFacturasVenta::facturacionSelectiva() {
         Ui().Mensaje(mensajes::kDebeSeleccionar, Icono::Aviso, Caption);
         return;
     }
-    if (facturaAlbaranes(g, marcados, false) == 0) {
+    const ResultadoFacturacion r = facturaAlbaranes(g, marcados, false);
+    if (!r.Creada()) {
+        if (!r.motivo.isEmpty()) {
+            Ui().Mensaje(r.motivo, Icono::Error, Caption);
+        }
         return;
+    }
+    if (r.estado == EstadoFacturacion::SinTerminar) {
+        Ui().Mensaje(mensajes::kFacturaIncompleta.arg(r.factura, r.motivo), Icono::Error, Caption);
     }
     emite(false, {factura_.IdFactu});
     Ui().Mensaje(mensajes::kProcesoConcluido + factura_.SerieFactura + QLatin1Char('/') +
@@ -494,28 +447,50 @@ void frmFacturasVenta::msFacturarTodos() {
     } fin{facturandoTodos_};
     QVector<qint32> ids;
     const int total = static_cast<int>(dbgCli.size());
-    for (int i = 0; i < total; ++i) {
+    int i = 0;
+    for (; i < total && !ejecucionDetenida; ++i) {
         SeleccionaGrupo(i);
         const GrupoFacturable& g = dbgCli[i];
         std::vector<qint32> albaranes;
         for (const AlbaranFacturable& a : ListView1) {
             albaranes.push_back(a.Cav_Id);
         }
-        // Each group stands alone: one that fails leaves the others going.
-        try {
-            if (facturaAlbaranes(g, albaranes, true) != 0) {
-                if (Val(Text1[11]) != 0) {
-                    ids.push_back(factura_.IdFactu);
-                }
+        // Each group stands alone: one that fails leaves the others going,
+        // unless every following one would fail the same way.
+        if (!albaranes.empty()) {
+            const ResultadoFacturacion r = facturaAlbaranes(g, albaranes, true);
+            if (r.Creada() && Val(Text1[11]) != 0) {
+                ids.push_back(r.idFactura);
             }
-        } catch (const ErrorBd& e) {
-            Ui().Mensaje(mensajes::kErrorGrupo.arg(g.Cli_Nom.trimmed(), e.Mensaje()), Icono::Error,
-                         Caption);
+            ejecucionDetenida = r.detieneEjecucion;
         }
         Ui().Progreso(i + 1, total, mensajes::kFacturandoGrupo.arg(g.Cli_Nom.trimmed()));
         Ui().Cede();
     }
+    if (ejecucionDetenida && i < total) {
+        incidencias.push_back({QString(), QString(), mensajes::kGruposSinIntentar.arg(total - i)});
+    }
+    if (!incidencias.empty()) {
+        Ui().Mensaje(resumenIncidencias(), Icono::Error, Caption);
+    }
     emite(true, ids);
+}
+
+QString frmFacturasVenta::resumenIncidencias() const {
+    constexpr std::size_t kMostradas = 15;
+    QStringList lineas;
+    lineas << mensajes::kIncidenciasRun.arg(incidencias.size());
+    for (std::size_t k = 0; k < incidencias.size() && k < kMostradas; ++k) {
+        const IncidenciaFacturacion& n = incidencias[k];
+        lineas << (n.factura.isEmpty()
+                       ? n.cliente
+                       : n.factura + QStringLiteral(" (") + n.cliente + QLatin1Char(')')) +
+                      QStringLiteral(": ") + n.motivo;
+    }
+    if (incidencias.size() > kMostradas) {
+        lineas << mensajes::kMasIncidencias.arg(incidencias.size() - kMostradas);
+    }
+    return lineas.join(QLatin1Char('\n'));
 }
 
 void frmFacturasVenta::emite(bool todos, const QVector<qint32>& ids) {

@@ -4,6 +4,7 @@
 // commands are methods, and people are reached through the interaction port.
 #pragma once
 
+#include <FacturacionAlbaranes.h>
 #include <QDate>
 #include <QString>
 #include <QStringList>
@@ -117,9 +118,10 @@ private:
     Filtro clausulaComun() const; // dates, customer, state, series
     void msCargarAlbaranes();
     bool compruebaFacturacion();
-    void rellenaFactura(const GrupoFacturable& g, qint32 idPrimerAlbaran, bool todos);
-    qint32 facturaAlbaranes(const GrupoFacturable& g, const std::vector<qint32>& albaranes,
-                            bool todos);
+    CabeceraFactura cabecera(const GrupoFacturable& g, bool todos) const;
+    ResultadoFacturacion facturaAlbaranes(const GrupoFacturable& g,
+                                          const std::vector<qint32>& albaranes, bool todos);
+    QString resumenIncidencias() const;
     void facturacionSelectiva();
     void msFacturarTodos();
     void emite(bool todos, const QVector<qint32>& ids);

@@ -138,6 +138,10 @@ void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
         c.Add(QStringLiteral("Rec_Obser"), TipoCampo::Texto, QString());
         QString sMensaje;
         if (!MyBd->Inserta(sMensaje)) {
+            if (const auto& e = MyBd->ErrorConstructor()) {
+                throw ErrorBd(mensajes::kTesoreriaErrorRecibo.arg(factura, sMensaje), e->Detalle(),
+                              e->Clase());
+            }
             throw ErrorBd(mensajes::kTesoreriaErrorRecibo.arg(factura, sMensaje),
                           ErrorBd::kBuilder);
         }

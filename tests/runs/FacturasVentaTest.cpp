@@ -3,6 +3,8 @@
 #include "EmisorAnotado.h"
 #include "EmpresaPrueba.h"
 
+#include <FacturacionAlbaranes.h>
+#include <MensajesMotor.h>
 #include <MensajesRuns.h>
 #include <RegistroSuite.h>
 #include <frmFactuAlbaran.h>
@@ -268,32 +270,81 @@ TEST_P(Multifactura, FailedLinkUndoesOneInvoiceAndTheRunGoesOn) {
     EXPECT_EQ(EmisorAnotado::llamadas[0].size(), 2);
 }
 
-TEST_P(Multifactura, FailureInTheTotalsLeavesTheInvoiceLinkedWithoutThem) {
+// The database refuses every receipt: the save fails after the amounts.
+void rechazaRecibos(EmpresaPrueba& e) {
+    if (e.bd().dialecto().esSQLite()) {
+        e.cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec BEGIN "
+                                      "SELECT RAISE(ABORT, 'sin recibos'); END"));
+    } else {
+        e.cn().Execute(QStringLiteral("CREATE FUNCTION sin_recibos() RETURNS trigger AS $$ BEGIN "
+                                      "RAISE EXCEPTION 'sin recibos'; END $$ LANGUAGE plpgsql"));
+        e.cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec FOR EACH "
+                                      "ROW EXECUTE FUNCTION sin_recibos()"));
+    }
+}
+
+TEST_P(Multifactura, FailedSaveKeepsWhatItWroteAndTellsEachInvoiceOnce) {
     const qint32 a = e->cliente();
     const qint32 b = e->cliente();
     albaran(a, kDia1, 100, contado);
     albaran(b, kDia1, 200, contado);
-    // The company posts on save, but no posting is installed: saving fails.
-    e->parametro(QStringLiteral("Par_GContable"), QStringLiteral("ORVACON"));
-    e->parametro(QStringLiteral("Par_Contav"), 1);
-    e->parametro(QStringLiteral("Par_ModConCon"), 1);
+    rechazaRecibos(*e);
     auto p = pantalla();
     p->Text1[11] = QStringLiteral("0");
     p->cmdBuscar();
     facturaTodos(*p);
-    // Both invoices exist with their notes, without totals or receipts, and
-    // each failure was told.
+    // Both invoices stand with their notes and every amount the save wrote
+    // before the receipts: never a numbered invoice at 0,00.
     EXPECT_EQ(p->facturasGeneradas.size(), 2u);
     EXPECT_EQ(pendientes(), 0);
-    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav WHERE Fav_Total = 0")), 2);
+    Recordset rs = e->cn().Execute(QStringLiteral(
+        "SELECT Fav_Numero, Fav_Bruto, Fav_Total, Fav_Liquido FROM Fav ORDER BY Fav_Numero"));
+    ASSERT_EQ(rs.RecordCount(), 2);
+    EXPECT_DOUBLE_EQ(rs.Fields(1).Doble(), 100);
+    EXPECT_DOUBLE_EQ(rs.Fields(2).Doble(), 121);
+    EXPECT_DOUBLE_EQ(rs.Fields(3).Doble(), 121);
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Rec")), 0);
+    // Each unfinished invoice is named with its number, in one message.
+    ASSERT_EQ(p->incidencias.size(), 2u);
+    EXPECT_EQ(p->incidencias[0].factura, QStringLiteral("A/1"));
+    EXPECT_TRUE(p->incidencias[0].motivo.startsWith(QStringLiteral("La factura se ha grabado")))
+        << p->incidencias[0].motivo.toStdString();
+    EXPECT_FALSE(p->ejecucionDetenida);
     const QStringList textos = e->ui().Textos();
     EXPECT_EQ(std::count_if(textos.begin(), textos.end(),
                             [](const QString& t) {
-                                return t.startsWith(
-                                    QStringLiteral("No se pudo terminar la factura"));
+                                return t.startsWith(QStringLiteral("2 facturas o grupos")) &&
+                                       t.contains(QStringLiteral("A/2"));
                             }),
-              2);
+              1);
+}
+
+TEST_P(Multifactura, FailedTotalsUndoTheInvoiceAndKeepTheNumber) {
+    const qint32 a = e->cliente();
+    const qint32 b = e->cliente();
+    const qint32 malo = albaran(a, kDia1, 100, contado);
+    albaran(b, kDia1, 200, contado);
+    // A line without a tax row cannot be calculated.
+    e->cn().Execute(QStringLiteral("UPDATE Lav SET Lav_Tiva = 0 WHERE Lav_IdCav = ?"), {malo});
+    auto p = pantalla();
+    // The series is still empty when the second invoice comes: it asks again.
+    e->ui().dialogos.push_back(
+        [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
+    p->Text1[11] = QStringLiteral("0");
+    p->cmdBuscar();
+    facturaTodos(*p);
+    // Nothing of the first stands: its note is pending, and the next
+    // invoice takes the first number.
+    ASSERT_EQ(p->facturasGeneradas.size(), 1u);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Id = ? AND Cav_Situa = "
+                                       "1 AND Cav_IdFactura IS NULL"),
+                        {malo}),
+              1);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT Fav_Numero FROM Fav")), 1);
+    ASSERT_EQ(p->incidencias.size(), 1u);
+    EXPECT_TRUE(p->incidencias[0].factura.isEmpty());
+    EXPECT_TRUE(p->incidencias[0].motivo.contains(QStringLiteral("sin un tipo de IVA válido")))
+        << p->incidencias[0].motivo.toStdString();
 }
 
 TEST_P(Multifactura, NoCopiesSkipTheIssue) {

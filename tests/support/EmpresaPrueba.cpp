@@ -1,6 +1,7 @@
 #include "EmpresaPrueba.h"
 
 #include <ErrorBd.h>
+#include <FacturacionAlbaranes.h>
 #include <frmIniFav.h>
 
 namespace vk::prueba {
@@ -100,37 +101,26 @@ qint32 EmpresaPrueba::nuevaFactura(qint32 idCliente, const QDate& fecha,
     Recordset cli = cn().Execute(
         QStringLiteral("SELECT cli_fco, CLI_RetNFiscal, CLI_ModoRetNF FROM Cli WHERE CLI_ID = ?"),
         {idCliente});
-    f.SerieFactura = serie;
-    f.NumeroFactura = 0;
-    f.IdCliente = idCliente;
-    f.FechaFactura = fecha;
-    f.IdFco = static_cast<qint32>(cli.Fields(QStringLiteral("cli_fco")).Entero());
-    f.PorcentajeDto1 = dto1;
-    f.PorcentajeDto2 = dto2;
-    f.porcentajeretencionnf = cli.Fields(QStringLiteral("CLI_RetNFiscal")).Doble();
-    f.nModoRetNF = static_cast<qint16>(cli.Fields(QStringLiteral("CLI_ModoRetNF")).Entero());
-    if (f.SerieFactura.isEmpty()) {
-        return 0;
-    }
+    CabeceraFactura c;
+    c.serie = serie;
+    c.fecha = fecha;
+    c.idCliente = idCliente;
+    c.idFco = static_cast<qint32>(cli.Fields(QStringLiteral("cli_fco")).Entero());
+    c.dto1 = dto1;
+    c.dto2 = dto2;
+    c.retencionNF = cli.Fields(QStringLiteral("CLI_RetNFiscal")).Doble();
+    c.modoRetencionNF = static_cast<qint16>(cli.Fields(QStringLiteral("CLI_ModoRetNF")).Entero());
     // A new series asks for its first number: the tests take the default.
     ui_.dialogos.push_back([](DialogoModelo& d) {
         auto* dialogo = dynamic_cast<frmIniFav*>(&d);
         return dialogo && dialogo->cmdInforme();
     });
-    Transaccion t(cn());
-    const qint32 id = f.NuevaFactura(1);
+    OpcionesFacturacion o;
+    o.nTipo = 1;
+    o.calcula = false;
+    const ResultadoFacturacion r = FacturaAlbaranes(f, c, albaranes, o);
     ui_.dialogos.clear();
-    if (id == 0) {
-        return 0;
-    }
-    for (const qint32 a : albaranes) {
-        cn().Execute(
-            QStringLiteral("UPDATE Cav SET Cav_Situa = 2, Cav_IdFactura = ? WHERE Cav_Id = ?"),
-            {id, a});
-    }
-    t.Confirma();
-    f.IdFactu = id;
-    return id;
+    return r.Creada() ? r.idFactura : 0;
 }
 
 qint64 EmpresaPrueba::cuenta(const QString& sql, const QVariantList& params) {

@@ -36,6 +36,21 @@ void msDireccionDeAlbaran(VKFACVENTAS& f, qint32 idCav) {
           QStringLiteral("Cav_"));
 }
 
+std::vector<DireccionCliente> fnDireccionesCliente(BdSesion& bd, qint32 idCliente) {
+    std::vector<DireccionCliente> r;
+    Recordset rs = bd.cn().Execute(
+        QStringLiteral("SELECT Dir_Id, RTRIM(Dir_Poblacion) AS Pobla, (CASE WHEN dir_fiscal = '1' "
+                       "THEN 1 ELSE 0 END) AS Fiscal FROM Dir LEFT JOIN Clidir ON Clidir_Dir = "
+                       "DIR_ID WHERE Clidir_cli = ? ORDER BY dir_Fiscal DESC, Dir_Id"),
+        {idCliente});
+    for (; !rs.Eof(); rs.MoveNext()) {
+        r.push_back({static_cast<qint32>(rs.Fields(0).Entero()),
+                     rs.Fields(QStringLiteral("Pobla")).Texto(),
+                     rs.Fields(QStringLiteral("Fiscal")).Entero() != 0});
+    }
+    return r;
+}
+
 void msDireccionDeDir(VKFACVENTAS& f, qint32 idDir) {
     copia(f,
           f.MyBd().cn().Execute(

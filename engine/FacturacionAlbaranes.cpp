@@ -1,0 +1,304 @@
+#include "FacturacionAlbaranes.h"
+
+#include "DireccionFactura.h"
+#include "GrabaFactura.h"
+#include "MensajesMotor.h"
+#include "ReglasFecha.h"
+
+#include <BdSesion.h>
+#include <ErrorBd.h>
+#include <VKFACVENTAS.h>
+#include <algorithm>
+
+namespace vk {
+
+namespace {
+
+QString ddmmyyyy(const QDate& d) {
+    return d.toString(QStringLiteral("dd/MM/yyyy"));
+}
+
+QString numeroAlbaran(BdSesion& bd, qint32 idCav) {
+    Recordset rs = bd.cn().Execute(
+        QStringLiteral("SELECT Cav_Serie, Cav_Numero FROM Cav WHERE Cav_Id = ?"), {idCav});
+    if (rs.Eof()) {
+        return QString::number(idCav);
+    }
+    return rs.Fields(0).Texto().trimmed() + QLatin1Char('/') +
+           QString::number(rs.Fields(1).Entero());
+}
+
+void rellenaCabecera(VKFACVENTAS& f, const CabeceraFactura& c, qint32 primerAlbaran) {
+    f.SerieFactura = c.serie;
+    f.NumeroFactura = c.numero;
+    f.FechaFactura = c.fecha;
+    f.IdCliente = c.idCliente;
+    f.IdFco = c.idFco;
+    f.PorcentajeDto1 = c.dto1;
+    f.PorcentajeDto2 = c.dto2;
+    f.Observaciones = c.observaciones;
+    if (c.atencion) {
+        f.Aatencion = *c.atencion;
+    }
+    if (c.retencionNF) {
+        f.porcentajeretencionnf = *c.retencionNF;
+    }
+    if (c.modoRetencionNF) {
+        f.nModoRetNF = *c.modoRetencionNF;
+    }
+    // A new invoice has no amounts yet: nothing of the previous one may
+    // reach its row.
+    f.ImpDtoPie1 = 0;
+    f.idDir = -1; // the address is stored by value
+    if (c.idDireccion) {
+        msDireccionDeDir(f, *c.idDireccion);
+    } else if (primerAlbaran > 0) {
+        msDireccionDeAlbaran(f, primerAlbaran);
+    } else {
+        msDireccionDeDir(f, 0);
+    }
+}
+
+// The outcome of a failure, from the error that caused it.
+ResultadoFacturacion fallo(EstadoFacturacion estado, const QString& motivo, const ErrorBd* e) {
+    ResultadoFacturacion r;
+    r.estado = estado;
+    r.motivo = motivo;
+    if (e) {
+        r.detalle = e->Detalle();
+        r.detieneEjecucion = e->AfectaATodo();
+    }
+    return r;
+}
+
+} // namespace
+
+ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
+                                      const std::vector<qint32>& albaranes,
+                                      const OpcionesFacturacion& o) {
+    using E = EstadoFacturacion;
+    if (c.serie.trimmed().isEmpty()) {
+        return fallo(E::NoHecha, mensajes::kFaltaSerie, nullptr);
+    }
+    if (!fnFechaFacturaAdmisible(c.fecha)) {
+        ResultadoFacturacion r =
+            fallo(E::NoHecha, mensajes::kFechaFueraDeRango.arg(ddmmyyyy(c.fecha)), nullptr);
+        r.detieneEjecucion = true;
+        return r;
+    }
+    BdSesion& bd = f.MyBd();
+    Conexion& cn = bd.cn();
+    ResultadoFacturacion r;
+    try {
+        // One transaction for the whole invoice: on SQLite it opens with the
+        // database's write lock, which is also the series lock.
+        Transaccion t(cn);
+        rellenaCabecera(f, c, albaranes.empty() ? 0 : albaranes.front());
+        bd.Limpia();
+        qint32 id = 0;
+        try {
+            id = f.NuevaFactura(o.nTipo);
+        } catch (const ErrorBd& e) {
+            // The series or the database refuses every invoice alike.
+            ResultadoFacturacion n = fallo(E::NoHecha, e.Mensaje(), &e);
+            n.detieneEjecucion = true;
+            return n;
+        }
+        f.IdFactu = id;
+        if (id == 0) {
+            if (const auto& e = bd.ErrorConstructor()) {
+                return fallo(E::NoHecha, mensajes::kFacturaNoCreada.arg(c.serie, e->Mensaje()),
+                             &*e);
+            }
+            // The person gave up the series' first number, or the customer
+            // is gone: nothing to say beyond what was shown.
+            return fallo(E::NoHecha,
+                         f.NumeroFactura == 0 ? QString()
+                                              : mensajes::kClienteNoExiste.arg(c.idCliente),
+                         nullptr);
+        }
+        r.idFactura = id;
+        r.factura = c.serie + QLatin1Char('/') + QString::number(f.NumeroFactura);
+
+        // Dates run with the numbers. Checked here, under the series lock that
+        // NuevaFactura holds, so that no invoice of another user can slip a
+        // later date in between the check and this number.
+        Recordset ultima = cn.Execute(
+            QStringLiteral("SELECT MAX(Fav_Fecha) FROM Fav WHERE Fav_Serie = ? AND Fav_Id <> ?"),
+            {c.serie, id});
+        if (!ultima.Eof() && !ultima.Fields(0).IsNull() && c.fecha < ultima.Fields(0).Fecha()) {
+            t.Deshaz();
+            ResultadoFacturacion n = fallo(
+                E::NoHecha, mensajes::kFechaInferior + ddmmyyyy(ultima.Fields(0).Fecha()), nullptr);
+            n.detieneEjecucion = true;
+            return n;
+        }
+
+        // A note is linked only while it is still pending: another user's run
+        // may have taken it since this one listed it.
+        for (const qint32 idCav : albaranes) {
+            cn.Execute(
+                QStringLiteral("UPDATE Cav SET Cav_Situa = 2, Cav_IdFactura = ? WHERE Cav_Id "
+                               "= ? AND Cav_Situa = 1 AND Cav_IdFactura IS NULL"),
+                {id, idCav});
+            if (cn.RecordsAffected() != 1) {
+                t.Deshaz();
+                f.IdFactu = 0;
+                return fallo(E::NoHecha, mensajes::kAlbaranTomado.arg(numeroAlbaran(bd, idCav)),
+                             nullptr);
+            }
+        }
+        if (!o.calcula) {
+            t.Confirma();
+            r.estado = E::Hecha;
+            return r;
+        }
+
+        try {
+            f.CalculoTotalesFactura();
+        } catch (const ErrorBd& e) {
+            t.Deshaz();
+            f.IdFactu = 0;
+            return fallo(E::NoHecha, mensajes::kFacturaNoCalculada.arg(e.Mensaje()), &e);
+        }
+        bool importesEscritos = false;
+        std::optional<ErrorBd> error;
+        bool grabada = false;
+        try {
+            grabada = fnGrabaFactura(f, true, false, importesEscritos);
+        } catch (const ErrorBd& e) {
+            error = e;
+        }
+        if (!importesEscritos) {
+            // Nothing of the save stands: the invoice is undone whole, its
+            // notes stay pending and its number unused.
+            t.Deshaz();
+            f.IdFactu = 0;
+            const std::optional<ErrorBd>& e = error ? error : bd.ErrorConstructor();
+            ResultadoFacturacion n = fallo(
+                E::NoHecha,
+                mensajes::kFacturaNoGrabada.arg(e ? e->Mensaje() : mensajes::kConexionPerdida),
+                e ? &*e : nullptr);
+            return n;
+        }
+        // What the save wrote before the failing step stays written.
+        t.Confirma();
+        if (!grabada || error) {
+            ResultadoFacturacion n =
+                fallo(E::SinTerminar,
+                      mensajes::kFacturaSinTerminar.arg(error ? error->Mensaje()
+                                                              : mensajes::kContabilizacionFallida),
+                      error ? &*error : nullptr);
+            n.idFactura = r.idFactura;
+            n.factura = r.factura;
+            return n;
+        }
+        r.estado = E::Hecha;
+        return r;
+    } catch (const ErrorBd& e) {
+        // The transaction itself failed (begin, link, commit): it is undone.
+        f.IdFactu = 0;
+        ResultadoFacturacion n = fallo(E::NoHecha, e.Mensaje(), &e);
+        n.factura.clear();
+        return n;
+    }
+}
+
+GrupoAlbaranes fnGrupoDeAlbaranes(BdSesion& bd, const std::vector<qint32>& ids) {
+    if (ids.empty()) {
+        throw ErrorBd(mensajes::kSinAlbaranes);
+    }
+    struct Nota {
+        qint32 id;
+        QString numero;
+        QDate fecha;
+        qint32 cliente;
+        qint32 fco;
+        double dto1, dto2;
+        QVariant agente;
+    };
+    std::vector<Nota> notas;
+    for (const qint32 id : ids) {
+        Recordset rs = bd.cn().Execute(
+            QStringLiteral("SELECT Cav_Serie, Cav_Numero, Cav_Fecha, Cav_IdCli, Cav_Situa, "
+                           "Cav_IdFactura, Cav_IdFco, Cav_Dto1, Cav_Dto2, Cav_Agente FROM Cav "
+                           "WHERE Cav_Id = ?"),
+            {id});
+        if (rs.Eof()) {
+            throw ErrorBd(mensajes::kAlbaranNoExiste.arg(id));
+        }
+        const QString numero = rs.Fields(QStringLiteral("Cav_Serie")).Texto().trimmed() +
+                               QLatin1Char('/') +
+                               QString::number(rs.Fields(QStringLiteral("Cav_Numero")).Entero());
+        if (rs.Fields(QStringLiteral("Cav_Situa")).Entero() != 1 ||
+            !rs.Fields(QStringLiteral("Cav_IdFactura")).IsNull()) {
+            throw ErrorBd(mensajes::kAlbaranFacturado.arg(numero));
+        }
+        notas.push_back({id, numero, rs.Fields(QStringLiteral("Cav_Fecha")).Fecha(),
+                         static_cast<qint32>(rs.Fields(QStringLiteral("Cav_IdCli")).Entero()),
+                         static_cast<qint32>(rs.Fields(QStringLiteral("Cav_IdFco")).Entero()),
+                         rs.Fields(QStringLiteral("Cav_Dto1")).Doble(),
+                         rs.Fields(QStringLiteral("Cav_Dto2")).Doble(),
+                         rs.Fields(QStringLiteral("Cav_Agente")).Value()});
+    }
+    // What splits the batch screen's groups splits an invoice here too.
+    const Nota& p = notas.front();
+    for (const Nota& n : notas) {
+        if (n.cliente != p.cliente) {
+            throw ErrorBd(mensajes::kAlbaranesVariosClientes);
+        }
+        const auto distinta = [&](const QString& que) {
+            return ErrorBd(mensajes::kAlbaranesOtroGrupo.arg(n.numero, p.numero, que));
+        };
+        if (n.fco != p.fco) {
+            throw distinta(QStringLiteral("forma de cobro"));
+        }
+        if (n.dto1 != p.dto1 || n.dto2 != p.dto2) {
+            throw distinta(QStringLiteral("pareja de descuentos"));
+        }
+        if (n.agente.isNull() != p.agente.isNull() ||
+            (!n.agente.isNull() && n.agente.toLongLong() != p.agente.toLongLong())) {
+            throw distinta(QStringLiteral("agente"));
+        }
+    }
+    std::stable_sort(notas.begin(), notas.end(), [](const Nota& a, const Nota& b) {
+        return a.fecha != b.fecha ? a.fecha < b.fecha : a.id < b.id;
+    });
+
+    Recordset cli = bd.cn().Execute(
+        QStringLiteral("SELECT CLI_CTA, CLI_RetNFiscal, CLI_ModoRetNF, cli_favobs, cli_fatencion "
+                       "FROM Cli WHERE Cli_Id = ?"),
+        {p.cliente});
+    if (cli.Eof()) {
+        throw ErrorBd(mensajes::kClienteNoExiste.arg(p.cliente));
+    }
+    if (!fnCuentaCobroValida(bd, p.fco, cli.Fields(QStringLiteral("CLI_CTA")).Texto())) {
+        throw ErrorBd(mensajes::kCuentaCobroIncorrecta);
+    }
+    GrupoAlbaranes g;
+    CabeceraFactura& c = g.cabecera;
+    c.idCliente = p.cliente;
+    c.idFco = p.fco;
+    c.dto1 = p.dto1;
+    c.dto2 = p.dto2;
+    c.observaciones = cli.Fields(QStringLiteral("cli_favobs")).Texto();
+    c.atencion = cli.Fields(QStringLiteral("cli_fatencion")).Texto();
+    c.retencionNF = cli.Fields(QStringLiteral("CLI_RetNFiscal")).Doble();
+    c.modoRetencionNF = static_cast<qint16>(cli.Fields(QStringLiteral("CLI_ModoRetNF")).Entero());
+    const std::vector<DireccionCliente> direcciones = fnDireccionesCliente(bd, p.cliente);
+    if (!direcciones.empty()) {
+        c.idDireccion = direcciones.front().idDir;
+    }
+    for (const Nota& n : notas) {
+        g.albaranes.push_back(n.id);
+    }
+    return g;
+}
+
+bool fnCuentaCobroValida(BdSesion& bd, qint32 idFco, const QString& cuentaCliente) {
+    Recordset fcol = bd.cn().Execute(
+        QStringLiteral("SELECT 1 FROM Fcol WHERE Fcol_id = ? AND Fcol_Mod = 2 LIMIT 1"), {idFco});
+    return fcol.Eof() || cuentaCliente.size() >= 20;
+}
+
+} // namespace vk
