@@ -92,6 +92,10 @@ std::unique_ptr<BdSesion> BdSesion::Abre(const CadenaConexion& c, ModoApertura m
         s->cn().Execute(QStringLiteral("SET client_min_messages TO warning"));
         // The catalog name is a checked identifier, never user text.
         s->cn().Execute(QStringLiteral("SET search_path TO %1").arg(c.catalogo));
+        // A write waits for another user's lock as long as on SQLite, then
+        // fails as "ocupada" instead of hanging.
+        s->cn().Execute(QStringLiteral("SELECT set_config('lock_timeout', ?, false)"),
+                        {QString::number(c.esperaSegundos * 1000)});
     }
     if (s->ExisteTabla(QStringLiteral("Parametros"))) {
         s->RecargaParametros();

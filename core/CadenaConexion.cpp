@@ -37,6 +37,17 @@ int usuarioValidado(const QString& valor) {
     return id;
 }
 
+int esperaValidada(const QString& valor) {
+    bool ok = false;
+    const int segundos = valor.toInt(&ok);
+    if (!ok || segundos < 0 || segundos > 3600) {
+        throw ErrorBd(QStringLiteral("La espera «%1» de la conexión debe ser un número de "
+                                     "segundos entre 0 y 3600.")
+                          .arg(valor));
+    }
+    return segundos;
+}
+
 const QString kClaveEnCadena = QStringLiteral(
     "La cadena de conexión no debe llevar la contraseña: guárdela en el fichero de "
     "contraseñas de PostgreSQL (PGPASSFILE, por defecto ~/.pgpass) o en PGPASSWORD.");
@@ -58,13 +69,7 @@ CadenaConexion interpretaSqlite(const QString& texto, const QString& resto) {
             } else if (clave.compare(QLatin1String("usuario"), Qt::CaseInsensitive) == 0) {
                 c.idUsuario = usuarioValidado(valor);
             } else if (clave.compare(QLatin1String("espera"), Qt::CaseInsensitive) == 0) {
-                bool ok = false;
-                c.esperaSegundos = valor.toInt(&ok);
-                if (!ok || c.esperaSegundos < 0 || c.esperaSegundos > 3600) {
-                    throw ErrorBd(QStringLiteral("La espera «%1» de la conexión debe ser un "
-                                                 "número de segundos entre 0 y 3600.")
-                                      .arg(valor));
-                }
+                c.esperaSegundos = esperaValidada(valor);
             } else {
                 throw ErrorBd(
                     QStringLiteral("Opción desconocida «%1» en la conexión SQLite.").arg(clave));
@@ -101,6 +106,8 @@ CadenaConexion interpretaPostgres(const QString& texto) {
             c.puerto = valor.toInt();
         } else if (clave == QLatin1String("user")) {
             c.usuario = valor;
+        } else if (clave.compare(QLatin1String("espera"), Qt::CaseInsensitive) == 0) {
+            c.esperaSegundos = esperaValidada(valor);
         } else if (clave.compare(QLatin1String("password"), Qt::CaseInsensitive) == 0) {
             throw ErrorBd(kClaveEnCadena);
         } else {

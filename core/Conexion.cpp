@@ -105,6 +105,7 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
     QSqlQuery directa(QSqlDatabase::database(nombre_, false));
     QSqlQuery* consulta = &directa;
     bool ok = false;
+    bool fallaPreparacion = false;
     if (parametros.isEmpty()) {
         directa.setForwardOnly(true);
         directa.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
@@ -113,6 +114,7 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
         bool nueva = false;
         consulta = &preparada(sql, nueva);
         ok = !nueva || consulta->prepare(sql);
+        fallaPreparacion = !ok;
         if (ok) {
             for (int i = 0; i < parametros.size(); ++i) {
                 consulta->bindValue(i, parametros[i]);
@@ -124,8 +126,12 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
     const auto falla = [&]() {
         ErrorBd error = errorDeSentencia(q.lastError(), dialecto_.esSQLite(), sql);
         q.finish();
-        // A statement that failed to prepare is not kept.
-        preparadas_.remove(sql);
+        // A statement that failed to prepare is not kept; one that failed to
+        // run stays prepared (freeing it now, inside a transaction the
+        // failure aborted, would only fail again).
+        if (fallaPreparacion) {
+            preparadas_.remove(sql);
+        }
         return error;
     };
     if (!ok) {

@@ -2,6 +2,7 @@
 // safeguards it keeps on both backends.
 #include "EmpresaPrueba.h"
 
+#include <BloqueoSerie.h>
 #include <FacturacionAlbaranes.h>
 #include <MensajesMotor.h>
 #include <RegistroSuite.h>
@@ -219,6 +220,32 @@ TEST_P(Facturacion, NotesGroupAsTheBatchWouldOrAreRefusedWithTheReason) {
     g.cabecera.fecha = kDia;
     ASSERT_EQ(factura(g.cabecera, g.albaranes).estado, EstadoFacturacion::Hecha);
     EXPECT_EQ(rechazo({pronto}), mensajes::kAlbaranFacturado.arg(QStringLiteral("A/2")));
+}
+
+TEST_P(Facturacion, AWriteThatFindsTheSeriesLockedFailsClearlyAndStopsTheRun) {
+    const qint32 c = e->cliente();
+    const qint32 a = e->albaran(c, kDia, 1, {{100}});
+    // Another user holds the series (on SQLite, the database's write lock);
+    // this session waits one second.
+    auto otro = BdSesion::Abre(e->base().cadenaCatalogo(QStringLiteral("vkemp0001")));
+    Transaccion bloqueo(otro->cn());
+    msBloqueaSerie(*otro, QStringLiteral("A"));
+    auto sesion = BdSesion::Abre(e->base().cadenaCatalogo(QStringLiteral("vkemp0001")) +
+                                 QStringLiteral("&espera=1"));
+    VKFACVENTAS f;
+    f.setMyBd(*sesion);
+    CabeceraFactura cab;
+    cab.serie = QStringLiteral("A");
+    cab.fecha = kDia;
+    cab.idCliente = c;
+    const ResultadoFacturacion r = FacturaAlbaranes(f, cab, {a});
+    EXPECT_EQ(r.estado, EstadoFacturacion::NoHecha);
+    EXPECT_EQ(r.motivo, QStringLiteral("La base de datos está ocupada por otro usuario; "
+                                       "inténtelo de nuevo"));
+    EXPECT_TRUE(r.detieneEjecucion);
+    bloqueo.Deshaz();
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), 0);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT Cav_Situa FROM Cav WHERE Cav_Id = ?"), {a}), 1);
 }
 
 VK_EN_AMBOS_MOTORES(Facturacion);
