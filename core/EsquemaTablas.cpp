@@ -1126,6 +1126,8 @@ const std::vector<Indice>& Indices() {
         {"ix_fav_serie_numero", "Fav", {"Fav_Serie", "Fav_Numero"}, true},
         {"ix_fav_idcli", "Fav", {"fav_idcli"}},
         {"ix_fav_fecha", "Fav", {"Fav_Fecha"}},
+        // The last date of a series, read under its lock for every new invoice.
+        {"ix_fav_serie_fecha", "Fav", {"Fav_Serie", "Fav_Fecha"}},
         {"ix_retnf_idfactura", "RetNF", {"RetNF_IdFactura"}},
         // Pending notes by customer, the notes of an invoice, date ranges.
         {"ix_cav_idfactura", "Cav", {"Cav_IdFactura"}},

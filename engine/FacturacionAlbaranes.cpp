@@ -123,9 +123,10 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
         // Dates run with the numbers. Checked here, under the series lock that
         // NuevaFactura holds, so that no invoice of another user can slip a
         // later date in between the check and this number.
+        // The new row's own date cannot make the check fail, so it is read
+        // as the series' plain maximum, which the index answers at once.
         Recordset ultima = cn.Execute(
-            QStringLiteral("SELECT MAX(Fav_Fecha) FROM Fav WHERE Fav_Serie = ? AND Fav_Id <> ?"),
-            {c.serie, id});
+            QStringLiteral("SELECT MAX(Fav_Fecha) FROM Fav WHERE Fav_Serie = ?"), {c.serie});
         if (!ultima.Eof() && !ultima.Fields(0).IsNull() && c.fecha < ultima.Fields(0).Fecha()) {
             t.Deshaz();
             ResultadoFacturacion n = fallo(
