@@ -63,14 +63,9 @@ LayoutSpool::LayoutSpool(Figuras figuras) : fig_(std::move(figuras)) {
 
 LayoutSpool::~LayoutSpool() = default;
 
-QString LayoutSpool::Sql(const QVector<qint32>& vIds) const {
-    // Integers formatted here: the list may stand in the text.
-    QStringList lista;
-    for (const qint32 id : vIds) {
-        lista << QString::number(id);
-    }
-    return fnSqlFacturas(Bd()) + QStringLiteral(" WHERE Fav.Fav_Id IN ( ") +
-           lista.join(QLatin1Char(',')) + QStringLiteral(" ) ORDER BY ") + fig_.orden;
+QString LayoutSpool::Sql(qsizetype nIds) const {
+    return fnSqlFacturas(Bd()) + QStringLiteral(" WHERE Fav.Fav_Id IN (") + MarcadoresSql(nIds) +
+           QStringLiteral(") ORDER BY ") + fig_.orden;
 }
 
 void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
@@ -83,7 +78,11 @@ void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         est_ = fig_.estacionario;
         est_.Carga(fig_.clave);
         Ui().PunteroEspera(true);
-        rs_ = Bd().cn().Execute(Sql(vIds));
+        QVariantList ids;
+        for (const qint32 id : vIds) {
+            ids << id;
+        }
+        rs_ = Bd().cn().Execute(Sql(vIds.size()), ids);
         if (rs_.RecordCount() == 0) {
             Ui().PunteroEspera(false);
             return;

@@ -115,7 +115,7 @@ protected:
     bool bSaltoHecho = false; // the page already ended with its form feed
 
 private:
-    QString Sql(const QVector<qint32>& vIds) const;
+    QString Sql(qsizetype nIds) const;
     void Recorre();
     void Pie();
 
