@@ -14,6 +14,7 @@
 #include <QTextStream>
 #include <RegistroSuite.h>
 #include <VKFACVENTAS.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -27,6 +28,9 @@ const char* const kAyuda = R"(Uso: vkfactuven-escritorio [--db CADENA] [--captur
 } // namespace
 
 int main(int argc, char** argv) {
+    // Databases, invoices and exported files are the company's: readable by
+    // their owner only, whatever the desktop's mask.
+    umask(077);
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vkfactuven-escritorio"));
     QApplication::setApplicationDisplayName(QStringLiteral("Facturación de ventas"));
