@@ -1,111 +1,164 @@
 #include "OrdenEmitir.h"
 
 #include "Argumentos.h"
+#include "InteraccionConsola.h"
 
 #include <BdSesion.h>
-#include <EmisionInforme.h>
 #include <ErrorBd.h>
-#include <Ficheros.h>
-#include <InteraccionGuion.h>
-#include <MensajesEmision.h>
-#include <MensajesSpool.h>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <VKFACVENTAS.h>
-#include <frmVisor.h>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <limits>
 
 namespace vk::app {
 
 namespace {
 
-qint32 numero(const Argumentos& a, const QString& opcion, qint32 defecto) {
-    const std::optional<QString> v = a.valor(opcion);
-    if (!v) {
-        return defecto;
-    }
-    bool ok = false;
-    const qint32 n = v->toInt(&ok);
-    if (!ok || n < 0) {
-        throw ErrorUso(QStringLiteral("%1 debe ser un número: «%2».").arg(opcion, *v));
-    }
-    return n;
-}
+constexpr qint32 kMaximoNumero = std::numeric_limits<qint32>::max();
 
-// The command line has no viewer of its own: the screen route shows the
-// invoices in the desktop's PDF viewer.
-class InteraccionEmitir : public InteraccionGuion {
-public:
-    bool MuestraDialogo(DialogoModelo& d) override {
-        if (auto* visor = dynamic_cast<frmVisor*>(&d)) {
-            const QString fichero = QDir(fnCarpetaFdoc(0)).filePath(QStringLiteral("vista.pdf"));
-            EscribePdf(*visor->reporte, fichero);
-            return fnAbreFichero(fichero);
-        }
-        return InteraccionGuion::MuestraDialogo(d);
+// One file per invoice, "F_<serie>_<número>.pdf". The library names its file
+// "F_<número>.pdf", the same for every series, so each invoice is written
+// into a private folder inside the target one (same file system) and renamed
+// into its own name: a file of another invoice is never replaced.
+int emitePdf(VKFACVENTAS& f, InteraccionConsola& ui, Recordset& rs, const QString& carpeta,
+             qint16 nDiseno, qint16 nOrigen, QTextStream& out, QTextStream& err) {
+    if (!QDir().mkpath(carpeta)) {
+        throw ErrorBd(QStringLiteral("No se puede crear la carpeta %1.").arg(carpeta));
     }
-    bool HuboError() const {
-        for (const MensajeVisto& m : vistos) {
-            // The text layouts tell of an unreachable printer under no title.
-            if (m.titulo == mensajes::kAccionCancelada ||
-                m.texto == mensajes::kErrorAccesoDispositivo) {
-                return true;
-            }
-        }
-        return false;
+    const QDir destino(QDir(carpeta).absolutePath());
+    QTemporaryDir temporal(destino.filePath(QStringLiteral(".vkfactuven-XXXXXX")));
+    if (!temporal.isValid()) {
+        throw ErrorBd(QStringLiteral("No se puede escribir en la carpeta %1.").arg(destino.path()));
     }
-};
+    f.RutaFicheroPdf = temporal.path();
+    int escritos = 0;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        const QString serie = rs.Fields(QStringLiteral("Fav_Serie")).Texto();
+        const qint64 numero = rs.Fields(QStringLiteral("Fav_Numero")).Entero();
+        f.PdfOutFile.clear();
+        f.EmisionMultiplesFacturas(
+            nDiseno, true, {static_cast<qint32>(rs.Fields(QStringLiteral("Fav_Id")).Entero())},
+            false, nOrigen);
+        if (ui.HuboError()) {
+            return 1;
+        }
+        if (f.PdfOutFile.isEmpty() || !QFileInfo(f.PdfOutFile).isFile()) {
+            err << QStringLiteral("No se ha escrito el PDF de la factura %1/%2.")
+                       .arg(serie)
+                       .arg(numero)
+                << Qt::endl;
+            return 1;
+        }
+        const QString fichero = destino.filePath(
+            QStringLiteral("F_%1_%2.pdf").arg(SerieEnNombreFichero(serie)).arg(numero));
+        // rename() replaces only the file of this invoice's own name, in one
+        // step, and never follows a link placed there.
+        if (std::rename(QFile::encodeName(f.PdfOutFile).constData(),
+                        QFile::encodeName(fichero).constData()) != 0) {
+            throw ErrorBd(QStringLiteral("No se puede escribir el fichero %1: %2.")
+                              .arg(fichero, QString::fromLocal8Bit(std::strerror(errno))));
+        }
+        out << fichero << Qt::endl;
+        ++escritos;
+    }
+    out << QStringLiteral("Ficheros PDF escritos: %1.").arg(escritos) << Qt::endl;
+    return 0;
+}
 
 } // namespace
 
-int OrdenEmitir(const QStringList& argumentos, QTextStream& out) {
-    // "--impresora COLA": the queue is optional, so it becomes "--cola COLA".
-    QStringList args = argumentos;
-    const qsizetype i = args.indexOf(QStringLiteral("--impresora"));
-    if (i >= 0 && i + 1 < args.size() && !args[i + 1].startsWith(QLatin1String("--"))) {
-        args.insert(i + 1, QStringLiteral("--cola"));
+int OrdenEmitir(const QStringList& args, QTextStream& out, QTextStream& err) {
+    Argumentos a(QStringLiteral("emitir"),
+                 QStringLiteral("--serie S --desde N [--hasta N] (--pdf CARPETA | --impresora "
+                                "[COLA] | --pantalla) [opciones]"),
+                 QStringLiteral("Emite las facturas de una serie entre dos números por el diseño "
+                                "de la empresa\n(o por el indicado con --diseno)."));
+    a.declaraOpcion(QStringLiteral("serie"), QStringLiteral("S"),
+                    QStringLiteral("serie de las facturas"));
+    a.declaraOpcion(QStringLiteral("desde"), QStringLiteral("N"),
+                    QStringLiteral("primer número de factura"));
+    a.declaraOpcion(QStringLiteral("hasta"), QStringLiteral("N"),
+                    QStringLiteral("último número (por omisión, el primero)"));
+    a.declaraOpcion(QStringLiteral("pdf"), QStringLiteral("CARPETA"),
+                    QStringLiteral("un fichero F_<serie>_<número>.pdf por factura en CARPETA"));
+    a.declaraOpcionOpcional(QStringLiteral("impresora"), QStringLiteral("COLA"),
+                            QStringLiteral("todas en un trabajo a la impresora COLA (o a la de "
+                                           "siempre);\nuna ruta en lugar de la cola imprime en "
+                                           "ese fichero"));
+    a.declaraBandera(QStringLiteral("pantalla"),
+                     QStringLiteral("las abre en el visor de PDF del escritorio"));
+    a.declaraBandera(QStringLiteral("copia"), QStringLiteral("las marca como duplicado"));
+    a.declaraBandera(QStringLiteral("albaranes"),
+                     QStringLiteral("imprime los números de los albaranes"));
+    a.declaraOpcion(QStringLiteral("diseno"), QStringLiteral("N"),
+                    QStringLiteral("diseño de factura, de 0 a 19"));
+    a.declaraOpcion(QStringLiteral("usuario"), QStringLiteral("N"),
+                    QStringLiteral("usuario de la sesión (por omisión, el de la conexión)"));
+    a.analiza(args);
+
+    const QString serie = LeeSerieOpcion(
+        QStringLiteral("--serie"),
+        a.requerido(QStringLiteral("serie"),
+                    QStringLiteral("Indique la serie y el primer número: --serie S --desde N.")));
+    const qint32 desde = LeeEnteroOpcion(
+        QStringLiteral("--desde"),
+        a.requerido(QStringLiteral("desde"),
+                    QStringLiteral("Indique la serie y el primer número: --serie S --desde N.")),
+        1, kMaximoNumero);
+    const qint32 hasta = a.entero(QStringLiteral("hasta"), 1, kMaximoNumero).value_or(desde);
+    if (hasta < desde) {
+        throw ErrorUso(QStringLiteral("--hasta (%1) no puede ser menor que --desde (%2).")
+                           .arg(hasta)
+                           .arg(desde));
     }
-    const Argumentos a(args,
-                       {QStringLiteral("--db"), QStringLiteral("--serie"),
-                        QStringLiteral("--desde"), QStringLiteral("--hasta"),
-                        QStringLiteral("--pdf"), QStringLiteral("--diseno"),
-                        QStringLiteral("--cola")},
-                       {QStringLiteral("--impresora"), QStringLiteral("--pantalla"),
-                        QStringLiteral("--copia"), QStringLiteral("--albaranes")});
-    const QString serie = a.valor(QStringLiteral("--serie")).value_or(QString());
-    if (serie.isEmpty() || !a.valor(QStringLiteral("--desde"))) {
-        throw ErrorUso(QStringLiteral("Indique la serie y el primer número: --serie S --desde N."));
+    const std::optional<QString> carpeta = a.valor(QStringLiteral("pdf"));
+    if (carpeta && carpeta->trimmed().isEmpty()) {
+        throw ErrorUso(QStringLiteral("Indique la carpeta de los PDF: --pdf CARPETA."));
     }
-    const qint32 desde = numero(a, QStringLiteral("--desde"), 0);
-    const qint32 hasta = numero(a, QStringLiteral("--hasta"), desde);
-    const std::optional<QString> carpeta = a.valor(QStringLiteral("--pdf"));
-    const bool impresora = a.bandera(QStringLiteral("--impresora"));
-    const bool pantalla = a.bandera(QStringLiteral("--pantalla"));
+    const bool impresora = a.bandera(QStringLiteral("impresora"));
+    const bool pantalla = a.bandera(QStringLiteral("pantalla"));
     if (int(carpeta.has_value()) + int(impresora) + int(pantalla) != 1) {
         throw ErrorUso(QStringLiteral("Indique una salida: --pdf CARPETA, --impresora [COLA] o "
                                       "--pantalla."));
     }
+    // A design given chooses the report itself, as a caller of origin 1 does.
+    const std::optional<qint32> diseno = a.entero(QStringLiteral("diseno"), 0, 19);
+    const qint16 nOrigen = diseno ? 1 : 0;
+    const qint16 nDiseno = static_cast<qint16>(diseno.value_or(0));
+    const std::optional<qint32> usuario = a.entero(QStringLiteral("usuario"), 1, kMaximoNumero);
 
+    CadenaConexion cadena = CadenaConexion::Interpreta(a.baseDatos());
+    if (usuario) {
+        cadena.idUsuario = *usuario;
+    }
     suite::RegistraComponentesSuite();
-    auto bd = BdSesion::Abre(a.baseDatos());
-    InteraccionEmitir ui;
-    ui.EstableceEco(&out);
-    ui.ResponderSiSiempre(true);
-    const QString cola = a.valor(QStringLiteral("--cola")).value_or(QString());
+    auto bd = BdSesion::Abre(cadena);
+    if (usuario) {
+        CompruebaUsuario(*bd, *usuario);
+    }
+    InteraccionConsola ui(out, err);
+    ui.idUsuario = bd->IdUsuario();
+    const QString cola = a.valor(QStringLiteral("impresora")).value_or(QString());
     if (!cola.isEmpty()) {
         ui.impresoras = {cola};
     }
     const UsaInteraccion puerto(ui);
     VKFACVENTAS f;
     f.setMyBd(*bd);
-    f.Copia = a.bandera(QStringLiteral("--copia"));
-    f.ImprimeAlbaran = a.bandera(QStringLiteral("--albaranes"));
+    f.Copia = a.bandera(QStringLiteral("copia"));
+    f.ImprimeAlbaran = a.bandera(QStringLiteral("albaranes"));
     f.NumCopias = 1;
     f.Tipo_Emision = carpeta ? 2 : (impresora ? 1 : 0);
 
     Recordset rs = bd->cn().Execute(
-        QStringLiteral("SELECT Fav_Id, Fav_Numero FROM Fav WHERE Fav_Serie = ? AND Fav_Numero "
-                       "BETWEEN ? AND ? ORDER BY Fav_Numero"),
+        QStringLiteral("SELECT Fav_Id, Fav_Serie, Fav_Numero FROM Fav WHERE Fav_Serie = ? AND "
+                       "Fav_Numero BETWEEN ? AND ? ORDER BY Fav_Numero"),
         {serie, desde, hasta});
     if (rs.Eof()) {
         throw ErrorBd(QStringLiteral("No hay facturas de la serie %1 entre los números %2 y %3.")
@@ -113,36 +166,12 @@ int OrdenEmitir(const QStringList& argumentos, QTextStream& out) {
                           .arg(desde)
                           .arg(hasta));
     }
-    // A design given chooses the report itself, as a caller of origin 1 does.
-    const std::optional<QString> diseno = a.valor(QStringLiteral("--diseno"));
-    const qint16 nOrigen = diseno ? 1 : 0;
-    const qint16 nDiseno = static_cast<qint16>(numero(a, QStringLiteral("--diseno"), 0));
-
     if (carpeta) {
-        if (!QDir().mkpath(*carpeta)) {
-            throw ErrorBd(QStringLiteral("No se puede crear la carpeta %1.").arg(*carpeta));
-        }
-        f.RutaFicheroPdf = QDir(*carpeta).absolutePath();
-        // One run per invoice, so that each gets its own file.
-        int escritos = 0;
-        for (; !rs.Eof(); rs.MoveNext()) {
-            f.PdfOutFile.clear();
-            f.EmisionMultiplesFacturas(nDiseno, true, {static_cast<qint32>(rs.Fields(0).Entero())},
-                                       false, nOrigen);
-            if (ui.HuboError()) {
-                return 1;
-            }
-            if (!f.PdfOutFile.isEmpty() && fnExisteFichero(f.PdfOutFile)) {
-                out << f.PdfOutFile << Qt::endl;
-                ++escritos;
-            }
-        }
-        out << QStringLiteral("Ficheros PDF escritos: %1.").arg(escritos) << Qt::endl;
-        return 0;
+        return emitePdf(f, ui, rs, *carpeta, nDiseno, nOrigen, out, err);
     }
     QVector<qint32> ids;
     for (; !rs.Eof(); rs.MoveNext()) {
-        ids << static_cast<qint32>(rs.Fields(0).Entero());
+        ids << static_cast<qint32>(rs.Fields(QStringLiteral("Fav_Id")).Entero());
     }
     f.EmisionMultiplesFacturas(nDiseno, true, ids, false, nOrigen);
     if (ui.HuboError()) {

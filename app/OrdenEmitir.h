@@ -7,6 +7,6 @@
 
 namespace vk::app {
 
-int OrdenEmitir(const QStringList& args, QTextStream& out);
+int OrdenEmitir(const QStringList& args, QTextStream& out, QTextStream& err);
 
 } // namespace vk::app

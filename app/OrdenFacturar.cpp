@@ -1,25 +1,37 @@
 #include "OrdenFacturar.h"
 
 #include "Argumentos.h"
+#include "InteraccionConsola.h"
 
 #include <BdSesion.h>
 #include <ErrorBd.h>
 #include <Formato.h>
-#include <InteraccionGuion.h>
 #include <MensajesCore.h>
 #include <RegistroSuite.h>
 #include <VKFACVENTAS.h>
 #include <frmFacturasVenta.h>
-#include <frmIniFav.h>
+#include <limits>
 
 namespace vk::app {
 
 namespace {
 
-int indiceSalida(const QString& salida) {
-    const QStringList salidas{QStringLiteral("pantalla"), QStringLiteral("impresora"),
-                              QStringLiteral("pdf")};
-    return static_cast<int>(salidas.indexOf(salida));
+const QStringList kSalidas{QStringLiteral("ninguna"), QStringLiteral("pdf"),
+                           QStringLiteral("impresora"), QStringLiteral("pantalla")};
+
+// The screen's option buttons: 0 screen, 1 printer, 2 PDF file.
+int botonSalida(const QString& salida) {
+    if (salida == QLatin1String("pantalla")) {
+        return 0;
+    }
+    if (salida == QLatin1String("impresora")) {
+        return 1;
+    }
+    return salida == QLatin1String("pdf") ? 2 : -1;
+}
+
+QString ddmmyyyy(const QDate& d) {
+    return d.toString(QStringLiteral("dd/MM/yyyy"));
 }
 
 void imprimeFacturas(BdSesion& bd, const std::vector<qint32>& ids, QTextStream& out) {
@@ -48,38 +60,42 @@ void imprimeFacturas(BdSesion& bd, const std::vector<qint32>& ids, QTextStream& 
         << Qt::endl;
 }
 
+void imprimeIncidencias(const frmFacturasVenta& pantalla, QTextStream& err) {
+    for (const IncidenciaFacturacion& i : pantalla.incidencias) {
+        if (i.factura.isEmpty()) {
+            err << QStringLiteral("Grupo de %1: %2").arg(i.cliente.trimmed(), i.motivo);
+        } else {
+            err << QStringLiteral("Factura %1 (%2): %3")
+                       .arg(i.factura, i.cliente.trimmed(), i.motivo);
+        }
+        err << Qt::endl;
+    }
+}
+
 } // namespace
 
-ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream& out) {
-    const int salida = indiceSalida(o.salida);
-    if (salida < 0 && o.salida != QLatin1String("ninguna")) {
-        throw ErrorUso(QStringLiteral("Salida desconocida «%1»: use ninguna, pdf, impresora o "
-                                      "pantalla.")
-                           .arg(o.salida));
-    }
+ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream& out,
+                          QTextStream& err) {
+    const int salida = botonSalida(o.salida);
     if (salida >= 0 && !ExisteComponente(QString::fromLatin1(EmisorFacturas::kProgId))) {
         throw ErrorBd(mensajes::kSinEmisor);
     }
-    InteraccionGuion ui;
-    ui.EstableceEco(&out);
-    ui.ResponderSiSiempre(true);
+    InteraccionConsola ui(out, err);
+    ui.idUsuario = f.MyBd().IdUsuario();
     const UsaInteraccion puerto(ui);
 
     frmFacturasVenta pantalla(f);
-    pantalla.Text1[6] = o.fecha;
+    pantalla.Text1[6] = ddmmyyyy(o.fecha);
     if (!o.serie.isEmpty()) {
         pantalla.Text1[5] = o.serie;
     }
-    pantalla.Text1[2] = o.desde;
-    if (!o.hasta.isEmpty()) {
-        pantalla.Text1[3] = o.hasta;
+    pantalla.Text1[2] = o.desde ? ddmmyyyy(*o.desde) : QString();
+    if (o.hasta) {
+        pantalla.Text1[3] = ddmmyyyy(*o.hasta);
     }
-    if (!o.cliente.isEmpty()) {
-        pantalla.Text1[0] = o.cliente;
+    if (o.cliente) {
+        pantalla.Text1[0] = QString::number(*o.cliente);
         pantalla.Text1_0_LostFocus();
-        if (pantalla.Text1[1].isEmpty()) {
-            throw ErrorBd(QStringLiteral("No existe el cliente con código %1.").arg(o.cliente));
-        }
     }
     pantalla.Text1[4] = o.serieAlbaran;
     pantalla.Check1 = o.incluirCero;
@@ -87,11 +103,11 @@ ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream
     pantalla.Check4 = true;
     pantalla.Check4_Click();
     pantalla.optSalida = salida < 0 ? 0 : salida;
-    pantalla.Text1[11] =
-        salida < 0 ? QStringLiteral("0") : (o.copias.isEmpty() ? pantalla.Text1[11] : o.copias);
-    // A series without invoices starts at the dialog's default.
-    ui.dialogos.push_back(
-        [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
+    if (salida < 0) {
+        pantalla.Text1[11] = QStringLiteral("0");
+    } else if (o.copias) {
+        pantalla.Text1[11] = QString::number(*o.copias);
+    }
 
     pantalla.cmdBuscar();
     ResultadoFacturar r;
@@ -99,40 +115,91 @@ ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream
         imprimeFacturas(f.MyBd(), {}, out);
         return r;
     }
+    f.PdfOutFile.clear();
     pantalla.cmdFacturar();
     r.rechazado = pantalla.ultimaOrdenRechazada;
     r.facturas = pantalla.facturasGeneradas;
-    if (!r.rechazado) {
-        imprimeFacturas(f.MyBd(), r.facturas, out);
+    r.incompleto = !pantalla.incidencias.empty() || pantalla.ejecucionDetenida;
+    r.errorEmision = ui.HuboError();
+    if (r.rechazado) {
+        return r;
+    }
+    imprimeFacturas(f.MyBd(), r.facturas, out);
+    imprimeIncidencias(pantalla, err);
+    if (salida == 2 && !f.PdfOutFile.isEmpty()) {
+        out << QStringLiteral("PDF de las facturas: %1").arg(f.PdfOutFile) << Qt::endl;
     }
     return r;
 }
 
-int OrdenFacturar(const QStringList& args, QTextStream& out) {
-    const Argumentos a(
-        args,
-        {QStringLiteral("--db"), QStringLiteral("--fecha"), QStringLiteral("--serie"),
-         QStringLiteral("--desde"), QStringLiteral("--hasta"), QStringLiteral("--cliente"),
-         QStringLiteral("--serie-albaran"), QStringLiteral("--salida"), QStringLiteral("--copias")},
-        {QStringLiteral("--incluir-cero"), QStringLiteral("--no-agrupar-agentes")});
-    OpcionesFacturar o;
-    o.fecha = a.valor(QStringLiteral("--fecha")).value_or(QString());
-    o.serie = a.valor(QStringLiteral("--serie")).value_or(QString());
-    o.desde = a.valor(QStringLiteral("--desde")).value_or(QString());
-    o.hasta = a.valor(QStringLiteral("--hasta")).value_or(QString());
-    o.cliente = a.valor(QStringLiteral("--cliente")).value_or(QString());
-    o.serieAlbaran = a.valor(QStringLiteral("--serie-albaran")).value_or(QString());
-    o.incluirCero = a.bandera(QStringLiteral("--incluir-cero"));
-    o.noAgruparAgentes = a.bandera(QStringLiteral("--no-agrupar-agentes"));
-    o.salida = a.valor(QStringLiteral("--salida")).value_or(QStringLiteral("ninguna"));
-    o.copias = a.valor(QStringLiteral("--copias")).value_or(QString());
+int OrdenFacturar(const QStringList& args, QTextStream& out, QTextStream& err) {
+    Argumentos a(QStringLiteral("facturar"), QStringLiteral("--fecha DD/MM/AAAA [opciones]"),
+                 QStringLiteral("Factura todos los albaranes pendientes, una factura por grupo "
+                                "(cliente, forma de\npago, descuentos y agente), como la pantalla "
+                                "de facturación de albaranes\ncon «todos los clientes»."));
+    a.declaraOpcion(QStringLiteral("fecha"), QStringLiteral("DD/MM/AAAA"),
+                    QStringLiteral("fecha de las facturas"));
+    a.declaraOpcion(QStringLiteral("serie"), QStringLiteral("S"),
+                    QStringLiteral("serie de las facturas (por omisión, la del usuario)"));
+    a.declaraOpcion(QStringLiteral("desde"), QStringLiteral("DD/MM/AAAA"),
+                    QStringLiteral("albaranes desde esa fecha (sola, hasta esa fecha)"));
+    a.declaraOpcion(QStringLiteral("hasta"), QStringLiteral("DD/MM/AAAA"),
+                    QStringLiteral("albaranes hasta esa fecha"));
+    a.declaraOpcion(QStringLiteral("cliente"), QStringLiteral("COD"),
+                    QStringLiteral("solo los albaranes del cliente con ese código"));
+    a.declaraOpcion(QStringLiteral("serie-albaran"), QStringLiteral("S"),
+                    QStringLiteral("solo los albaranes de esa serie"));
+    a.declaraBandera(QStringLiteral("incluir-cero"),
+                     QStringLiteral("incluye los albaranes de importe cero"));
+    a.declaraBandera(QStringLiteral("no-agrupar-agentes"),
+                     QStringLiteral("el agente no separa las facturas de un cliente"));
+    a.declaraOpcion(QStringLiteral("salida"), QStringLiteral("SALIDA"),
+                    QStringLiteral("ninguna (por omisión), pdf, impresora o pantalla"));
+    a.declaraOpcion(QStringLiteral("copias"), QStringLiteral("N"),
+                    QStringLiteral("copias de cada factura, de 0 a 99 (por omisión, las de la "
+                                   "empresa)"));
+    a.declaraOpcion(QStringLiteral("usuario"), QStringLiteral("N"),
+                    QStringLiteral("usuario de la sesión (por omisión, el de la conexión)"));
+    a.analiza(args);
 
+    OpcionesFacturar o;
+    o.fecha = LeeFechaOpcion(
+        QStringLiteral("--fecha"),
+        a.requerido(QStringLiteral("fecha"),
+                    QStringLiteral("Indique la fecha de las facturas con --fecha DD/MM/AAAA.")));
+    o.serie = a.serie(QStringLiteral("serie")).value_or(QString());
+    o.desde = a.fecha(QStringLiteral("desde"));
+    o.hasta = a.fecha(QStringLiteral("hasta"));
+    if (o.desde && o.hasta && *o.desde > *o.hasta) {
+        throw ErrorUso(QStringLiteral("--desde (%1) no puede ser posterior a --hasta (%2).")
+                           .arg(ddmmyyyy(*o.desde), ddmmyyyy(*o.hasta)));
+    }
+    constexpr qint32 kMaximo = std::numeric_limits<qint32>::max();
+    o.cliente = a.entero(QStringLiteral("cliente"), 1, kMaximo);
+    o.serieAlbaran = a.serie(QStringLiteral("serie-albaran")).value_or(QString());
+    o.incluirCero = a.bandera(QStringLiteral("incluir-cero"));
+    o.noAgruparAgentes = a.bandera(QStringLiteral("no-agrupar-agentes"));
+    o.salida = a.eleccion(QStringLiteral("salida"), kSalidas).value_or(QStringLiteral("ninguna"));
+    o.copias = a.entero(QStringLiteral("copias"), 0, 99);
+    const std::optional<qint32> usuario = a.entero(QStringLiteral("usuario"), 1, kMaximo);
+
+    CadenaConexion cadena = CadenaConexion::Interpreta(a.baseDatos());
+    if (usuario) {
+        cadena.idUsuario = *usuario;
+    }
     suite::RegistraComponentesSuite();
-    auto bd = BdSesion::Abre(a.baseDatos());
+    auto bd = BdSesion::Abre(cadena);
+    // What needs the company is checked before the run writes anything.
+    if (usuario) {
+        CompruebaUsuario(*bd, *usuario);
+    }
+    if (o.cliente) {
+        CompruebaCliente(*bd, *o.cliente);
+    }
     VKFACVENTAS f;
     f.setMyBd(*bd);
-    const ResultadoFacturar r = Factura(f, o, out);
-    return r.rechazado ? 1 : 0;
+    const ResultadoFacturar r = Factura(f, o, out, err);
+    return r.rechazado || r.incompleto || r.errorEmision ? 1 : 0;
 }
 
 } // namespace vk::app

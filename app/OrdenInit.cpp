@@ -89,14 +89,23 @@ QString escribePdfs(VKFACVENTAS& f, const QString& db) {
 } // namespace
 
 int OrdenInit(const QStringList& args, QTextStream& out) {
-    const Argumentos a(args, {QStringLiteral("--db")}, {QStringLiteral("--demo")});
+    Argumentos a(QStringLiteral("init"), QStringLiteral("[--db DB] [--demo]"),
+                 QStringLiteral("Crea o actualiza los catálogos de la empresa y sus datos de "
+                                "referencia.\nSe puede repetir: solo añade lo que falta."));
+    a.declaraBandera(QStringLiteral("demo"),
+                     QStringLiteral("añade los datos de una empresa de demostración"));
+    a.analiza(args);
     const Creada c = creaEmpresa(a.baseDatos(), a.bandera(QStringLiteral("--demo")));
     imprimeResumen(c, out);
     return 0;
 }
 
-int OrdenDemo(const QStringList& args, QTextStream& out) {
-    const Argumentos a(args, {QStringLiteral("--db")}, {});
+int OrdenDemo(const QStringList& args, QTextStream& out, QTextStream& err) {
+    Argumentos a(QStringLiteral("demo"), QStringLiteral("[--db DIR]"),
+                 QStringLiteral("Crea la empresa de demostración, factura sus albaranes "
+                                "pendientes, escribe un PDF\npor factura en la carpeta pdf de "
+                                "los datos y muestra un resumen."));
+    a.analiza(args);
     const Creada c = creaEmpresa(a.baseDatos(), true);
     imprimeResumen(c, out);
 
@@ -104,9 +113,11 @@ int OrdenDemo(const QStringList& args, QTextStream& out) {
     VKFACVENTAS f;
     f.setMyBd(*c.sesion);
     OpcionesFacturar o;
-    o.fecha = Format(QDate::currentDate(), QStringLiteral("dd/mm/yyyy"));
-    out << QStringLiteral("Facturación de los albaranes pendientes a %1:").arg(o.fecha) << Qt::endl;
-    Factura(f, o, out);
+    o.fecha = QDate::currentDate();
+    out << QStringLiteral("Facturación de los albaranes pendientes a %1:")
+               .arg(Format(o.fecha, QStringLiteral("dd/mm/yyyy")))
+        << Qt::endl;
+    const ResultadoFacturar r = Factura(f, o, out, err);
 
     Conexion& cn = c.sesion->cn();
     Recordset fav = cn.Execute(
@@ -126,7 +137,7 @@ int OrdenDemo(const QStringList& args, QTextStream& out) {
         << Qt::endl;
     out << QStringLiteral("  PDF de las facturas   %1").arg(escribePdfs(f, a.baseDatos()))
         << Qt::endl;
-    return 0;
+    return r.rechazado || r.incompleto || r.errorEmision ? 1 : 0;
 }
 
 } // namespace vk::app

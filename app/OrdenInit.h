@@ -7,6 +7,6 @@
 namespace vk::app {
 
 int OrdenInit(const QStringList& args, QTextStream& out);
-int OrdenDemo(const QStringList& args, QTextStream& out);
+int OrdenDemo(const QStringList& args, QTextStream& out, QTextStream& err);
 
 } // namespace vk::app
