@@ -6,22 +6,34 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+#include <sys/stat.h>
 
 namespace vk::prueba {
 namespace {
 
 struct Salida {
     int codigo;
-    QString texto;
+    QString texto; // both channels, for what may be said on either
+    QString salida;
+    QString error;
+    bool normal; // ended by itself, not by a signal
 };
 
 Salida ejecuta(const QStringList& args) {
+    // The program's working files (the viewer's PDF, the designs) in a
+    // folder of the tests, not the user's.
+    static QTemporaryDir datos;
     QProcess p;
-    p.setProcessChannelMode(QProcess::MergedChannels);
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    entorno.insert(QStringLiteral("VKFACTUVEN_DATOS"), datos.path());
+    p.setProcessEnvironment(entorno);
     p.start(QStringLiteral(VK_PROGRAMA), args);
     p.waitForFinished(120000);
-    return {p.exitCode(), QString::fromUtf8(p.readAll())};
+    const QString salida = QString::fromUtf8(p.readAllStandardOutput());
+    const QString error = QString::fromUtf8(p.readAllStandardError());
+    return {p.exitCode(), salida + error, salida, error, p.exitStatus() == QProcess::NormalExit};
 }
 
 class Ordenes : public PruebaMotores {
@@ -53,6 +65,18 @@ protected:
             .Execute(QStringLiteral("SELECT COUNT(*) FROM Fav"))
             .Fields(0)
             .Entero();
+    }
+    qint64 pendientes() {
+        return BdSesion::Abre(db)
+            ->cn()
+            .Execute(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Situa = 1"))
+            .Fields(0)
+            .Entero();
+    }
+    void creaDemo() {
+        const Salida s =
+            ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")});
+        ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
     }
     std::unique_ptr<BasePrueba> base;
     QString db;
@@ -122,14 +146,15 @@ TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
         ejecuta({QStringLiteral("init"), QStringLiteral("--db"), db, QStringLiteral("--demo")})
             .codigo,
         0);
-    // Refused by the screen's checks: exit status not 0, nothing written.
+    // Without the date nothing is done.
     Salida s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db});
-    EXPECT_NE(s.codigo, 0);
-    EXPECT_TRUE(s.texto.contains(QStringLiteral("Falta Fecha Factura"))) << s.texto.toStdString();
+    EXPECT_EQ(s.codigo, 2);
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Indique la fecha"))) << s.texto.toStdString();
     EXPECT_EQ(facturas(), 0);
 
-    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
-                 QStringLiteral("20/11/2026")});
+    // Options are written "--opcion valor" or "--opcion=valor".
+    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db=") + db,
+                 QStringLiteral("--fecha=20/11/2026"), QStringLiteral("--salida=ninguna")});
     ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
     EXPECT_TRUE(s.texto.contains(QStringLiteral("A/1 "))) << s.texto.toStdString();
     EXPECT_TRUE(s.texto.contains(QStringLiteral("1 de "))) << s.texto.toStdString();
@@ -155,7 +180,7 @@ TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
         "No existen albaranes pendientes de facturar entre los datos seleccionados")));
     EXPECT_EQ(facturas(), hechas);
 
-    // Every invoice to its own PDF file, named by its number.
+    // Every invoice to its own PDF file, named by its series and number.
     QTemporaryDir pdf;
     s = ejecuta({QStringLiteral("emitir"), QStringLiteral("--db"), db, QStringLiteral("--serie"),
                  QStringLiteral("A"), QStringLiteral("--desde"), QStringLiteral("1"),
@@ -163,10 +188,15 @@ TEST_P(Ordenes, BatchRunInvoicesEveryPendingNoteOfTheDemo) {
                  pdf.path()});
     ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
     for (qint64 n = 1; n <= hechas; ++n) {
-        const QString fichero = QDir(pdf.path()).filePath(QStringLiteral("F_%1.pdf").arg(n));
+        const QString fichero = QDir(pdf.path()).filePath(QStringLiteral("F_A_%1.pdf").arg(n));
         EXPECT_TRUE(QFileInfo(fichero).size() > 1000) << fichero.toStdString();
+        EXPECT_TRUE(s.salida.contains(fichero)) << fichero.toStdString();
     }
     EXPECT_TRUE(s.texto.contains(QStringLiteral("Ficheros PDF escritos: %1.").arg(hechas)));
+    // The private folder the files were written in is gone.
+    EXPECT_EQ(
+        QDir(pdf.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(),
+        hechas);
     s = ejecuta({QStringLiteral("emitir"), QStringLiteral("--db"), db, QStringLiteral("--serie"),
                  QStringLiteral("Z"), QStringLiteral("--desde"), QStringLiteral("1"),
                  QStringLiteral("--pdf"), pdf.path()});
@@ -211,6 +241,242 @@ TEST_P(Ordenes, EmitirToAPathPrintsTheTextLayoutOfDesignSix) {
     EXPECT_NE(s.codigo, 0);
     EXPECT_TRUE(s.texto.contains(QStringLiteral("Error de acceso al dispositivo de impresión")))
         << s.texto.toStdString();
+}
+
+TEST_P(Ordenes, RefusedOptionsSayWhyAndChangeNothing) {
+    creaDemo();
+    const qint64 antesFacturas = facturas();
+    const qint64 antesPendientes = pendientes();
+    ASSERT_GT(antesPendientes, 0);
+    QTemporaryDir dir;
+    const QString carpeta = dir.filePath(QStringLiteral("pdf"));
+    const QStringList facturar{QStringLiteral("facturar"), QStringLiteral("--db"), db,
+                               QStringLiteral("--fecha"), QStringLiteral("20/11/2026")};
+    const QStringList emitir{
+        QStringLiteral("emitir"), QStringLiteral("--db"),  db,     QStringLiteral("--serie"),
+        QStringLiteral("A"),      QStringLiteral("--pdf"), carpeta};
+    const std::pair<QStringList, QString> casos[] = {
+        {facturar + QStringList{QStringLiteral("--desde"), QStringLiteral("31/02/2026")},
+         QStringLiteral("--desde: «31/02/2026» no es una fecha válida")},
+        {{QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
+          QStringLiteral("31/12/9999")},
+         QStringLiteral("fuera de las admitidas")},
+        {facturar + QStringList{QStringLiteral("--hasta"), QStringLiteral("1/1/1999")},
+         QStringLiteral("fuera de las admitidas")},
+        {facturar + QStringList{QStringLiteral("--salida"), QStringLiteral("pdf"),
+                                QStringLiteral("--copias"), QStringLiteral("abc")},
+         QStringLiteral("--copias debe ser un número entero")},
+        {facturar + QStringList{QStringLiteral("--copias=abc")},
+         QStringLiteral("--copias debe ser un número entero")},
+        {facturar + QStringList{QStringLiteral("--copias"), QStringLiteral("100")},
+         QStringLiteral("--copias debe estar entre 0 y 99")},
+        {facturar + QStringList{QStringLiteral("--cliente"), QStringLiteral("5abc")},
+         QStringLiteral("--cliente debe ser un número entero")},
+        {facturar + QStringList{QStringLiteral("--cliente"), QStringLiteral("99999")},
+         QStringLiteral("No existe el cliente con código 99999")},
+        {facturar + QStringList{QStringLiteral("--usuario"), QStringLiteral("999")},
+         QStringLiteral("No existe el usuario 999")},
+        {facturar + QStringList{QStringLiteral("--salida"), QStringLiteral("x")},
+         QStringLiteral("Valor no admitido en --salida")},
+        {facturar + QStringList{QStringLiteral("--opcion-rara")},
+         QStringLiteral("Opción desconocida: --opcion-rara")},
+        {facturar + QStringList{QStringLiteral("--serie"), QStringLiteral("A/B")},
+         QStringLiteral("--serie solo admite letras, cifras y guiones")},
+        {facturar + QStringList{QStringLiteral("--serie"), QStringLiteral("ABCDEFGHIJK")},
+         QStringLiteral("--serie admite como mucho 10 caracteres")},
+        // The next option is not taken for the value.
+        {facturar + QStringList{QStringLiteral("--serie"), QStringLiteral("--incluir-cero")},
+         QStringLiteral("Falta el valor de la opción --serie")},
+        {facturar + QStringList{QStringLiteral("--serie")},
+         QStringLiteral("Falta el valor de la opción --serie")},
+        {facturar + QStringList{QStringLiteral("--incluir-cero=1")},
+         QStringLiteral("La opción --incluir-cero no lleva valor")},
+        {facturar + QStringList{QStringLiteral("--fecha"), QStringLiteral("21/11/2026")},
+         QStringLiteral("La opción --fecha está repetida")},
+        {facturar + QStringList{QStringLiteral("A")}, QStringLiteral("Argumento inesperado")},
+        {emitir + QStringList{QStringLiteral("--desde"), QStringLiteral("1"),
+                              QStringLiteral("--diseno"), QStringLiteral("70000")},
+         QStringLiteral("--diseno debe estar entre 0 y 19")},
+        {emitir + QStringList{QStringLiteral("--desde"), QStringLiteral("99999999999")},
+         QStringLiteral("--desde debe estar entre 1 y 2147483647")},
+        {emitir + QStringList{QStringLiteral("--desde"), QStringLiteral("2"),
+                              QStringLiteral("--hasta"), QStringLiteral("1")},
+         QStringLiteral("--hasta (1) no puede ser menor que --desde (2)")},
+        {emitir + QStringList{QStringLiteral("--desde"), QStringLiteral("1"),
+                              QStringLiteral("--pantalla")},
+         QStringLiteral("Indique una salida")},
+    };
+    for (const auto& [args, mensaje] : casos) {
+        const Salida s = ejecuta(args);
+        const std::string caso = args.join(QLatin1Char(' ')).toStdString();
+        EXPECT_EQ(s.codigo, 2) << caso << "\n" << s.texto.toStdString();
+        EXPECT_TRUE(s.error.contains(mensaje)) << caso << "\n" << s.error.toStdString();
+        EXPECT_FALSE(s.salida.contains(QStringLiteral("Facturas emitidas"))) << caso;
+    }
+    EXPECT_EQ(facturas(), antesFacturas);
+    EXPECT_EQ(pendientes(), antesPendientes);
+    EXPECT_FALSE(QFileInfo::exists(carpeta));
+}
+
+TEST_P(Ordenes, EmitirKeepsTheFilesOfTwoSeriesWithTheSameNumber) {
+    creaDemo();
+    const auto [mismos, otro] = albaranes();
+    ASSERT_FALSE(mismos.isEmpty());
+    Salida s = ejecuta({QStringLiteral("factura"), QStringLiteral("--db"), db,
+                        QStringLiteral("--serie"), QStringLiteral("B"), QStringLiteral("--fecha"),
+                        QStringLiteral("20/11/2026"), QStringLiteral("--albaranes"), mismos[0]});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
+                 QStringLiteral("20/11/2026")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+
+    QTemporaryDir dir;
+    const auto emite = [&](const QString& serie) {
+        return ejecuta({QStringLiteral("emitir"), QStringLiteral("--db"), db,
+                        QStringLiteral("--serie"), serie, QStringLiteral("--desde"),
+                        QStringLiteral("1"), QStringLiteral("--pdf"), dir.path()});
+    };
+    s = emite(QStringLiteral("A"));
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    const QString a1 = dir.filePath(QStringLiteral("F_A_1.pdf"));
+    QFile fa(a1);
+    ASSERT_TRUE(fa.open(QIODevice::ReadOnly));
+    const QByteArray bytesA = fa.readAll();
+    fa.close();
+    s = emite(QStringLiteral("B"));
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    const QString b1 = dir.filePath(QStringLiteral("F_B_1.pdf"));
+    EXPECT_TRUE(s.salida.contains(b1)) << s.salida.toStdString();
+    EXPECT_TRUE(s.salida.contains(QStringLiteral("Ficheros PDF escritos: 1.")));
+    // A/1 is still the file written for A/1.
+    ASSERT_TRUE(fa.open(QIODevice::ReadOnly));
+    EXPECT_EQ(fa.readAll(), bytesA);
+    EXPECT_GT(QFileInfo(b1).size(), 1000);
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              (QStringList{QStringLiteral("F_A_1.pdf"), QStringLiteral("F_B_1.pdf")}));
+}
+
+TEST_P(Ordenes, FacturarTellsWhereThePdfWentAndTheScreenRouteEndsCleanly) {
+    creaDemo();
+    // The first customer's notes to a PDF; the path is printed and holds it.
+    auto bd = BdSesion::Abre(db);
+    const QString codigo = bd->cn()
+                               .Execute(QStringLiteral("SELECT MIN(Cli_Cod) FROM Cli INNER JOIN "
+                                                       "Cav ON Cav_IdCli = Cli_Id WHERE "
+                                                       "Cav_Situa = 1"))
+                               .Fields(0)
+                               .Texto();
+    bd.reset();
+    Salida s =
+        ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
+                 QStringLiteral("20/11/2026"), QStringLiteral("--cliente"), codigo,
+                 QStringLiteral("--salida"), QStringLiteral("pdf")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    const QRegularExpressionMatch m =
+        QRegularExpression(QStringLiteral("PDF de las facturas: (.+\\.pdf)")).match(s.salida);
+    ASSERT_TRUE(m.hasMatch()) << s.salida.toStdString();
+    EXPECT_GT(QFileInfo(m.captured(1)).size(), 1000) << m.captured(1).toStdString();
+    const qint64 antes = facturas();
+
+    // The rest to the screen: without a desktop viewer it fails with a
+    // message, after the invoices were made; it never aborts.
+    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
+                 QStringLiteral("20/11/2026"), QStringLiteral("--salida"),
+                 QStringLiteral("pantalla")});
+    EXPECT_TRUE(s.normal) << s.texto.toStdString();
+    EXPECT_TRUE(s.codigo == 0 || s.codigo == 1) << s.codigo << s.texto.toStdString();
+    if (s.codigo == 1) {
+        EXPECT_TRUE(s.error.contains(QStringLiteral("No se puede abrir el visor de PDF")))
+            << s.error.toStdString();
+    }
+    EXPECT_FALSE(s.texto.contains(QStringLiteral("Error interno"))) << s.texto.toStdString();
+    EXPECT_GT(facturas(), antes);
+    EXPECT_EQ(pendientes(), 0);
+}
+
+TEST_P(Ordenes, DatabaseErrorsShowTheirDetailOnlyWhenAsked) {
+    creaDemo();
+    BdSesion::Abre(db)->cn().Execute(QStringLiteral("ALTER TABLE Fav RENAME TO FavApartada"));
+    const QStringList emitir{
+        QStringLiteral("emitir"),  QStringLiteral("--db"),       db,
+        QStringLiteral("--serie"), QStringLiteral("A"),          QStringLiteral("--desde"),
+        QStringLiteral("1"),       QStringLiteral("--impresora")};
+    Salida s = ejecuta(emitir);
+    EXPECT_EQ(s.codigo, 1) << s.texto.toStdString();
+    EXPECT_TRUE(s.error.contains(QStringLiteral("La base de datos ha rechazado la operación")))
+        << s.error.toStdString();
+    EXPECT_FALSE(s.error.contains(QStringLiteral("Sentencia:"))) << s.error.toStdString();
+    s = ejecuta(emitir + QStringList{QStringLiteral("--detalle")});
+    EXPECT_EQ(s.codigo, 1);
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Sentencia: SELECT"))) << s.error.toStdString();
+    // Before the command's name as well.
+    s = ejecuta(QStringList{QStringLiteral("--detalle")} + emitir);
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Sentencia: SELECT"))) << s.error.toStdString();
+}
+
+// What needs no company: help, version, the command's name.
+TEST(Programa, HelpVersionAndUnknownCommands) {
+    Salida s = ejecuta({QStringLiteral("--help")});
+    EXPECT_EQ(s.codigo, 0);
+    EXPECT_TRUE(s.salida.contains(QStringLiteral("Órdenes:"))) << s.texto.toStdString();
+    for (const QString& orden : {QStringLiteral("facturar"), QStringLiteral("emitir"),
+                                 QStringLiteral("init"), QStringLiteral("demo")}) {
+        for (const QString& ayuda :
+             {QStringLiteral("--help"), QStringLiteral("-h"), QStringLiteral("--ayuda")}) {
+            s = ejecuta({orden, ayuda});
+            EXPECT_EQ(s.codigo, 0) << orden.toStdString() << " " << ayuda.toStdString();
+            EXPECT_TRUE(s.salida.startsWith(QStringLiteral("Uso: vkfactuven ") + orden))
+                << s.texto.toStdString();
+            EXPECT_TRUE(s.salida.contains(QStringLiteral("--db DB")));
+            EXPECT_TRUE(s.salida.contains(QStringLiteral("--detalle")));
+        }
+    }
+    s = ejecuta({QStringLiteral("factura"), QStringLiteral("--help")});
+    EXPECT_EQ(s.codigo, 0);
+    EXPECT_TRUE(s.salida.contains(QStringLiteral("--albaranes"))) << s.texto.toStdString();
+
+    for (const QString& version : {QStringLiteral("--version"), QStringLiteral("-v")}) {
+        s = ejecuta({version});
+        EXPECT_EQ(s.codigo, 0);
+        EXPECT_TRUE(QRegularExpression(QStringLiteral("^vkfactuven \\d+\\.\\d+\\.\\d+\\n$"))
+                        .match(s.salida)
+                        .hasMatch())
+            << s.salida.toStdString();
+    }
+
+    s = ejecuta({});
+    EXPECT_EQ(s.codigo, 2);
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Órdenes:")));
+    s = ejecuta({QStringLiteral("facturas")});
+    EXPECT_EQ(s.codigo, 2);
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Orden desconocida: facturas")));
+    s = ejecuta({QStringLiteral("--rara"), QStringLiteral("init")});
+    EXPECT_EQ(s.codigo, 2);
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Opción desconocida: --rara")));
+}
+
+// The company's files are its owner's alone, whatever the caller's mask.
+TEST(Programa, InitWritesFilesOnlyTheirOwnerReads) {
+    QTemporaryDir dir;
+    const QString carpeta = dir.filePath(QStringLiteral("empresa"));
+    const mode_t anterior = umask(022);
+    const Salida s = ejecuta({QStringLiteral("init"), QStringLiteral("--db"), carpeta});
+    umask(anterior);
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    const QFileInfoList ficheros = QDir(carpeta).entryInfoList(QDir::Files | QDir::Hidden);
+    ASSERT_FALSE(ficheros.isEmpty());
+    // 0600: the test's user owns them, so its bits are the owner's.
+    const QFileDevice::Permissions soloPropietario = QFileDevice::ReadOwner |
+                                                     QFileDevice::WriteOwner |
+                                                     QFileDevice::ReadUser | QFileDevice::WriteUser;
+    for (const QFileInfo& f : ficheros) {
+        EXPECT_EQ(f.permissions(), soloPropietario) << f.fileName().toStdString();
+    }
+    const auto carpetaAjenos =
+        QFileInfo(carpeta).permissions() &
+        (QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup |
+         QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther);
+    EXPECT_EQ(carpetaAjenos, QFileDevice::Permissions());
 }
 
 // The demo company lives on SQLite in a folder by definition; the commands it
