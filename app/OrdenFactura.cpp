@@ -10,30 +10,12 @@
 #include <RegistroSuite.h>
 #include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
-#include <algorithm>
 #include <frmIniFav.h>
+#include <limits>
 
 namespace vk::app {
 
 namespace {
-
-std::vector<qint32> leeAlbaranes(const QString& lista) {
-    std::vector<qint32> ids;
-    for (const QString& parte : lista.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-        bool ok = false;
-        const qint32 id = parte.trimmed().toInt(&ok);
-        if (!ok || id <= 0) {
-            throw ErrorUso(QStringLiteral("Identificador de albarán no válido: «%1».").arg(parte));
-        }
-        if (std::find(ids.begin(), ids.end(), id) == ids.end()) {
-            ids.push_back(id);
-        }
-    }
-    if (ids.empty()) {
-        throw ErrorUso(QStringLiteral("Indique los albaranes con --albaranes ID[,ID...]."));
-    }
-    return ids;
-}
 
 // A rate for people: "21", "5,2".
 QString tipo(double porcentaje) {
@@ -104,41 +86,51 @@ void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
 } // namespace
 
 int OrdenFactura(const QStringList& args, QTextStream& out) {
-    const Argumentos a(args,
-                       {QStringLiteral("--db"), QStringLiteral("--serie"),
-                        QStringLiteral("--fecha"), QStringLiteral("--albaranes"),
-                        QStringLiteral("--numero"), QStringLiteral("--usuario")},
-                       {});
-    const QString serie = a.valor(QStringLiteral("--serie")).value_or(QString()).trimmed();
-    if (serie.isEmpty()) {
-        throw ErrorUso(QStringLiteral("Indique la serie con --serie."));
+    constexpr qint32 kMaximo = std::numeric_limits<qint32>::max();
+    Argumentos a(QStringLiteral("factura"),
+                 QStringLiteral("--serie S --fecha DD/MM/AAAA --albaranes ID[,ID...] [opciones]"),
+                 QStringLiteral("Factura los albaranes indicados, que han de ser de un cliente y "
+                                "formar un grupo de la\nfacturación de albaranes (forma de cobro, "
+                                "descuentos y agente), con sus recibos."));
+    a.declaraOpcion(QStringLiteral("serie"), QStringLiteral("S"),
+                    QStringLiteral("serie de la factura"));
+    a.declaraOpcion(QStringLiteral("fecha"), QStringLiteral("DD/MM/AAAA"),
+                    QStringLiteral("fecha de la factura"));
+    a.declaraOpcion(QStringLiteral("albaranes"), QStringLiteral("ID[,ID...]"),
+                    QStringLiteral("identificadores de los albaranes (Cav_Id)"));
+    a.declaraOpcion(QStringLiteral("numero"), QStringLiteral("N"),
+                    QStringLiteral("primer número de una serie sin facturas (por omisión, 1)"));
+    a.declaraOpcion(QStringLiteral("usuario"), QStringLiteral("N"),
+                    QStringLiteral("usuario de la sesión (por omisión, el de la conexión)"));
+    a.analiza(args);
+
+    const QString serie = LeeSerieOpcion(
+        QStringLiteral("--serie"),
+        a.requerido(QStringLiteral("serie"), QStringLiteral("Indique la serie con --serie.")));
+    const QDate fecha = LeeFechaOpcion(
+        QStringLiteral("--fecha"),
+        a.requerido(QStringLiteral("fecha"),
+                    QStringLiteral("Indique la fecha de la factura con --fecha DD/MM/AAAA.")));
+    std::vector<qint32> albaranes;
+    for (const qint32 id : LeeListaEnterosOpcion(
+             QStringLiteral("--albaranes"),
+             a.requerido(QStringLiteral("albaranes"),
+                         QStringLiteral("Indique los albaranes con --albaranes ID[,ID...].")),
+             1, kMaximo)) {
+        albaranes.push_back(id);
     }
-    const std::optional<QString> textoFecha = a.valor(QStringLiteral("--fecha"));
-    if (!textoFecha) {
-        throw ErrorUso(QStringLiteral("Indique la fecha de la factura con --fecha DD/MM/AAAA."));
-    }
-    const QDate fecha = fnLeeFecha(*textoFecha);
-    const std::vector<qint32> albaranes =
-        leeAlbaranes(a.valor(QStringLiteral("--albaranes")).value_or(QString()));
-    qint32 numero = 0;
-    if (const auto n = a.valor(QStringLiteral("--numero"))) {
-        bool ok = false;
-        numero = n->toInt(&ok);
-        if (!ok || numero < 1) {
-            throw ErrorUso(QStringLiteral("El número de factura debe ser un entero mayor que 0."));
-        }
-    }
+    const qint32 numero = a.entero(QStringLiteral("numero"), 1, kMaximo).value_or(0);
+    const std::optional<qint32> usuario = a.entero(QStringLiteral("usuario"), 1, kMaximo);
     CadenaConexion cadena = CadenaConexion::Interpreta(a.baseDatos());
-    if (const auto u = a.valor(QStringLiteral("--usuario"))) {
-        bool ok = false;
-        cadena.idUsuario = u->toInt(&ok);
-        if (!ok || cadena.idUsuario < 1) {
-            throw ErrorUso(QStringLiteral("El usuario debe ser un número mayor que 0."));
-        }
+    if (usuario) {
+        cadena.idUsuario = *usuario;
     }
 
     suite::RegistraComponentesSuite();
     auto bd = BdSesion::Abre(cadena);
+    if (usuario) {
+        CompruebaUsuario(*bd, *usuario);
+    }
     InteraccionGuion ui;
     ui.EstableceEco(&out);
     const UsaInteraccion puerto(ui);
