@@ -62,7 +62,9 @@ void imprimeFacturas(BdSesion& bd, const std::vector<qint32>& ids, QTextStream& 
 
 void imprimeIncidencias(const frmFacturasVenta& pantalla, QTextStream& err) {
     for (const IncidenciaFacturacion& i : pantalla.incidencias) {
-        if (i.factura.isEmpty()) {
+        if (i.factura.isEmpty() && i.cliente.trimmed().isEmpty()) {
+            err << i.motivo; // the run as a whole: groups left undone
+        } else if (i.factura.isEmpty()) {
             err << QStringLiteral("Grupo de %1: %2").arg(i.cliente.trimmed(), i.motivo);
         } else {
             err << QStringLiteral("Factura %1 (%2): %3")

@@ -394,6 +394,36 @@ TEST_P(Ordenes, FacturarTellsWhereThePdfWentAndTheScreenRouteEndsCleanly) {
     EXPECT_EQ(pendientes(), 0);
 }
 
+TEST_P(Ordenes, FacturarListsWhatDidNotFinishAndFails) {
+    creaDemo();
+    const auto [mismos, otro] = albaranes();
+    ASSERT_FALSE(mismos.isEmpty());
+    // One note whose lines have no tax row: its group cannot be invoiced.
+    auto bd = BdSesion::Abre(db);
+    bd->cn().Execute(QStringLiteral("UPDATE Lav SET Lav_Tiva = 999999 WHERE Lav_IdCav = ?"),
+                     {mismos[0].toInt()});
+    const QString cliente =
+        bd->cn()
+            .Execute(QStringLiteral("SELECT Cli_Nom FROM Cli INNER JOIN Cav ON Cav_IdCli = Cli_Id "
+                                    "WHERE Cav_Id = ?"),
+                     {mismos[0].toInt()})
+            .Fields(0)
+            .Texto()
+            .trimmed();
+    bd.reset();
+    const Salida s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db,
+                              QStringLiteral("--fecha"), QStringLiteral("20/11/2026")});
+    EXPECT_EQ(s.codigo, 1) << s.texto.toStdString();
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Grupo de %1: ").arg(cliente)) ||
+                s.error.contains(QRegularExpression(QStringLiteral("Factura \\S+/\\d+ \\(%1\\): ")
+                                                        .arg(QRegularExpression::escape(cliente)))))
+        << s.error.toStdString();
+    // The other groups were invoiced and said so.
+    EXPECT_TRUE(s.salida.contains(QStringLiteral("Facturas emitidas: %1,").arg(facturas())))
+        << s.salida.toStdString();
+    EXPECT_GT(facturas(), 0);
+}
+
 TEST_P(Ordenes, DatabaseErrorsShowTheirDetailOnlyWhenAsked) {
     creaDemo();
     BdSesion::Abre(db)->cn().Execute(QStringLiteral("ALTER TABLE Fav RENAME TO FavApartada"));
