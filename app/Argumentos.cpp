@@ -15,10 +15,6 @@ bool detalleDeErrores = false;
 const QStringList kNombresAyuda{QStringLiteral("h"), QStringLiteral("help"),
                                 QStringLiteral("ayuda")};
 
-// A year typed wrong (9999) would close the series to every later invoice,
-// since none may be dated before it.
-const QDate kPrimeraFecha{2000, 1, 1};
-const QDate kUltimaFecha{2099, 12, 31};
 constexpr int kLargoSerie = 10;
 
 QString sinGuiones(const QString& nombre) {
@@ -71,22 +67,6 @@ Argumentos::Argumentos(const QString& orden, const QString& uso, const QString& 
     declaraBandera(QStringLiteral("detalle"),
                    QStringLiteral("en los errores de la base de datos, también el texto del\n"
                                   "servidor y la sentencia"));
-}
-
-Argumentos::Argumentos(const QStringList& args, const QStringList& conValor,
-                       const QStringList& banderas)
-    : Argumentos(QString(), QString(), QString()) {
-    for (const QString& n : conValor) {
-        if (!busca(n)) {
-            declaraOpcion(n, QStringLiteral("VALOR"), QString());
-        }
-    }
-    for (const QString& n : banderas) {
-        if (!busca(n)) {
-            declaraBandera(n, QString());
-        }
-    }
-    analiza(args);
 }
 
 void Argumentos::declara(Declarada d) {
@@ -334,11 +314,11 @@ QDate LeeFechaOpcion(const QString& opcion, const QString& texto) {
         throw ErrorUso(QStringLiteral("%1: «%2» no es una fecha válida; escríbala DD/MM/AAAA.")
                            .arg(opcion, texto));
     }
-    if (fecha < kPrimeraFecha || fecha > kUltimaFecha) {
+    if (!fnFechaFacturaAdmisible(fecha)) {
         throw ErrorUso(QStringLiteral("%1: la fecha %2 está fuera de las admitidas (de %3 a %4).")
                            .arg(opcion, fecha.toString(QStringLiteral("dd/MM/yyyy")),
-                                kPrimeraFecha.toString(QStringLiteral("dd/MM/yyyy")),
-                                kUltimaFecha.toString(QStringLiteral("dd/MM/yyyy"))));
+                                kPrimeraFechaFactura.toString(QStringLiteral("dd/MM/yyyy")),
+                                kUltimaFechaFactura.toString(QStringLiteral("dd/MM/yyyy"))));
     }
     return fecha;
 }

@@ -37,9 +37,6 @@ public:
     // command's name in the help and `descripcion` says what it does.
     // Every command takes --db, --detalle and --help.
     Argumentos(const QString& orden, const QString& uso, const QString& descripcion);
-    // Declares options by name only (`conValor` take a value, `banderas` do
-    // not) and parses `args` at once.
-    Argumentos(const QStringList& args, const QStringList& conValor, const QStringList& banderas);
 
     // Names are written with or without their leading dashes.
     void declaraOpcion(const QString& nombre, const QString& nombreValor, const QString& ayuda);
