@@ -111,6 +111,7 @@ ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream
         pantalla.Text1[11] = QString::number(*o.copias);
     }
 
+    pantalla.muestraResumenIncidencias = false; // listed one by one below
     pantalla.cmdBuscar();
     ResultadoFacturar r;
     if (pantalla.dbgCli.empty()) {

@@ -37,15 +37,9 @@ void rellenaCabecera(VKFACVENTAS& f, const CabeceraFactura& c, qint32 primerAlba
     f.PorcentajeDto1 = c.dto1;
     f.PorcentajeDto2 = c.dto2;
     f.Observaciones = c.observaciones;
-    if (c.atencion) {
-        f.Aatencion = *c.atencion;
-    }
-    if (c.retencionNF) {
-        f.porcentajeretencionnf = *c.retencionNF;
-    }
-    if (c.modoRetencionNF) {
-        f.nModoRetNF = *c.modoRetencionNF;
-    }
+    f.Aatencion = c.atencion;
+    f.porcentajeretencionnf = c.retencionNF;
+    f.nModoRetNF = c.modoRetencionNF;
     // A new invoice has no amounts yet: nothing of the previous one may
     // reach its row.
     f.ImpDtoPie1 = 0;

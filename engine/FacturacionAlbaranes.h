@@ -23,13 +23,11 @@ struct CabeceraFactura {
     double dto1 = 0;
     double dto2 = 0;
     QString observaciones;
+    QString atencion;
+    double retencionNF = 0;
+    qint16 modoRetencionNF = 0; // 0 on the sum of the bases, 1 on the total
     // The customer's address copied into the invoice; none: the first note's.
     std::optional<qint32> idDireccion;
-    // Left as the facade holds them when absent: the all-customers run of the
-    // batch screen sets neither.
-    std::optional<QString> atencion;
-    std::optional<double> retencionNF;
-    std::optional<qint16> modoRetencionNF;
 };
 
 struct OpcionesFacturacion {

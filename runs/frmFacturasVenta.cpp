@@ -362,23 +362,16 @@ void frmFacturasVenta::cmdFacturar() {
     }
 }
 
-CabeceraFactura frmFacturasVenta::cabecera(const GrupoFacturable& g, bool todos) const {
+CabeceraFactura frmFacturasVenta::cabecera(const GrupoFacturable& g) const {
     CabeceraFactura c;
     c.serie = Text1[5];
     c.fecha = fechaDe(Text1[6]).value_or(QDate());
     c.idCliente = g.Cav_Idcli;
-    if (!todos) {
-        if (Text1_14_Enabled) {
-            c.atencion = Text1[14];
-        } else {
-            Recordset rs = bd_.cn().Execute(
-                QStringLiteral("SELECT cli_fatencion FROM Cli WHERE cli_id = ?"), {g.Cav_Idcli});
-            c.atencion = rs.Eof() ? QString() : rs.Fields(0).Texto();
-        }
-        // The all-customers run leaves these as the facade has them.
-        c.retencionNF = g.CLI_RetNFiscal;
-        c.modoRetencionNF = g.CLI_ModoRetNF;
-    }
+    // Each invoice takes its own customer's attention line and retention,
+    // in both runs: never what the previous invoice left on the facade.
+    c.atencion = Text1_14_Enabled ? Text1[14] : textoONada(g.Cli_Fatencion);
+    c.retencionNF = g.CLI_RetNFiscal;
+    c.modoRetencionNF = g.CLI_ModoRetNF;
     c.idFco = cboFpagoIndex >= 0 ? fnIdCombo(cboFpago[cboFpagoIndex]) : 0;
     c.observaciones = Text1[7];
     if (Check5) {
@@ -395,9 +388,8 @@ CabeceraFactura frmFacturasVenta::cabecera(const GrupoFacturable& g, bool todos)
 }
 
 ResultadoFacturacion frmFacturasVenta::facturaAlbaranes(const GrupoFacturable& g,
-                                                        const std::vector<qint32>& albaranes,
-                                                        bool todos) {
-    ResultadoFacturacion r = FacturaAlbaranes(factura_, cabecera(g, todos), albaranes);
+                                                        const std::vector<qint32>& albaranes) {
+    ResultadoFacturacion r = FacturaAlbaranes(factura_, cabecera(g), albaranes);
     if (r.Creada()) {
         facturasGeneradas.push_back(r.idFactura);
     }
@@ -423,7 +415,7 @@ void frmFacturasVenta::facturacionSelectiva() {
         Ui().Mensaje(mensajes::kDebeSeleccionar, Icono::Aviso, Caption);
         return;
     }
-    const ResultadoFacturacion r = facturaAlbaranes(g, marcados, false);
+    const ResultadoFacturacion r = facturaAlbaranes(g, marcados);
     if (!r.Creada()) {
         if (!r.motivo.isEmpty()) {
             Ui().Mensaje(r.motivo, Icono::Error, Caption);
@@ -458,7 +450,7 @@ void frmFacturasVenta::msFacturarTodos() {
         // Each group stands alone: one that fails leaves the others going,
         // unless every following one would fail the same way.
         if (!albaranes.empty()) {
-            const ResultadoFacturacion r = facturaAlbaranes(g, albaranes, true);
+            const ResultadoFacturacion r = facturaAlbaranes(g, albaranes);
             if (r.Creada() && Val(Text1[11]) != 0) {
                 ids.push_back(r.idFactura);
             }
@@ -470,7 +462,7 @@ void frmFacturasVenta::msFacturarTodos() {
     if (ejecucionDetenida && i < total) {
         incidencias.push_back({QString(), QString(), mensajes::kGruposSinIntentar.arg(total - i)});
     }
-    if (!incidencias.empty()) {
+    if (!incidencias.empty() && muestraResumenIncidencias) {
         Ui().Mensaje(resumenIncidencias(), Icono::Error, Caption);
     }
     emite(true, ids);

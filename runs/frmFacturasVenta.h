@@ -107,6 +107,9 @@ public:
     std::vector<qint32> facturasGeneradas;
     std::vector<IncidenciaFacturacion> incidencias;
     bool ejecucionDetenida = false;
+    // A host that lists `incidencias` itself turns off the run's closing
+    // message about them.
+    bool muestraResumenIncidencias = true;
     bool ultimaOrdenRechazada = false;
 
 private:
@@ -118,9 +121,9 @@ private:
     Filtro clausulaComun() const; // dates, customer, state, series
     void msCargarAlbaranes();
     bool compruebaFacturacion();
-    CabeceraFactura cabecera(const GrupoFacturable& g, bool todos) const;
+    CabeceraFactura cabecera(const GrupoFacturable& g) const;
     ResultadoFacturacion facturaAlbaranes(const GrupoFacturable& g,
-                                          const std::vector<qint32>& albaranes, bool todos);
+                                          const std::vector<qint32>& albaranes);
     QString resumenIncidencias() const;
     void facturacionSelectiva();
     void msFacturarTodos();

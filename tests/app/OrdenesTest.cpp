@@ -457,6 +457,128 @@ TEST_P(Ordenes, DatabaseErrorsShowTheirDetailOnlyWhenAsked) {
     EXPECT_TRUE(s.error.contains(QStringLiteral("Sentencia: SELECT"))) << s.error.toStdString();
 }
 
+// An invoice and its receipts as the customer sees them: everything but its
+// identity in the table and its number.
+QStringList facturaComoTexto(BdSesion& bd, qint64 idFactura) {
+    const QStringList columnas{QStringLiteral("Fav_Fecha"),   QStringLiteral("Fav_IdCli"),
+                               QStringLiteral("Fav_CliNom"),  QStringLiteral("Fav_IdFco"),
+                               QStringLiteral("Fav_Dto1"),    QStringLiteral("Fav_Dto2"),
+                               QStringLiteral("Fav_Bruto"),   QStringLiteral("Fav_ImpDto1"),
+                               QStringLiteral("Fav_ImpDto2"), QStringLiteral("Fav_ImpDtoPie1"),
+                               QStringLiteral("Fav_Biva1"),   QStringLiteral("Fav_ImpIva1"),
+                               QStringLiteral("Fav_Biva2"),   QStringLiteral("Fav_ImpIva2"),
+                               QStringLiteral("Fav_Biva3"),   QStringLiteral("Fav_ImpIva3"),
+                               QStringLiteral("Fav_ImpRet"),  QStringLiteral("Fav_Total"),
+                               QStringLiteral("Fav_IRetNf"),  QStringLiteral("Fav_Liquido"),
+                               QStringLiteral("Fav_Sg"),      QStringLiteral("Fav_Nombre"),
+                               QStringLiteral("Fav_Cp"),      QStringLiteral("Fav_Poblacion"),
+                               QStringLiteral("Fav_Obs"),     QStringLiteral("Fav_Fatencion")};
+    Recordset fav = bd.cn().Execute(QStringLiteral("SELECT %1 FROM Fav WHERE Fav_Id = ?")
+                                        .arg(columnas.join(QStringLiteral(", "))),
+                                    {idFactura});
+    QStringList r;
+    for (const QString& c : columnas) {
+        r << c + QLatin1Char('=') + fav.Fields(c).Texto();
+    }
+    for (Recordset rec = bd.cn().Execute(QStringLiteral("SELECT Rec_FVto, Rec_Importe, Rec_Texto "
+                                                        "FROM Rec WHERE Rec_IdFac = ? ORDER BY "
+                                                        "Rec_FVto, Rec_Id"),
+                                         {idFactura});
+         !rec.Eof(); rec.MoveNext()) {
+        r << rec.Fields(0).Texto() + QLatin1Char(' ') + rec.Fields(1).Texto() + QLatin1Char(' ') +
+                 rec.Fields(2).Texto();
+    }
+    return r;
+}
+
+TEST_P(Ordenes, FacturaAndFacturarMakeTheSameInvoiceOfTheSameNotes) {
+    // Two copies of the demo company: the batch run in one, the single
+    // invoice of the same notes in the other.
+    creaDemo();
+    const QString otra = base->cadenaCatalogo(QStringLiteral("vkemp0002"));
+    ASSERT_EQ(
+        ejecuta({QStringLiteral("init"), QStringLiteral("--db"), otra, QStringLiteral("--demo")})
+            .codigo,
+        0);
+    Salida s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), otra,
+                        QStringLiteral("--fecha"), QStringLiteral("20/11/2026")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    auto lote = BdSesion::Abre(otra);
+    auto sola = BdSesion::Abre(db);
+    // Every invoice of several notes with discounts, retention or a fiscal
+    // address is compared, not just one.
+    int comparadas = 0;
+    for (Recordset rs = lote->cn().Execute(QStringLiteral(
+             "SELECT Cav_IdFactura FROM Cav WHERE Cav_IdFactura IS NOT NULL GROUP BY "
+             "Cav_IdFactura HAVING COUNT(*) > 1 ORDER BY Cav_IdFactura LIMIT 6"));
+         !rs.Eof(); rs.MoveNext()) {
+        QStringList ids;
+        for (Recordset a = lote->cn().Execute(
+                 QStringLiteral("SELECT Cav_Id FROM Cav WHERE Cav_IdFactura = ? ORDER BY Cav_Id"),
+                 {rs.Fields(0).Entero()});
+             !a.Eof(); a.MoveNext()) {
+            ids << a.Fields(0).Texto();
+        }
+        s = ejecuta({QStringLiteral("factura"), QStringLiteral("--db"), db,
+                     QStringLiteral("--serie"), QStringLiteral("A"), QStringLiteral("--fecha"),
+                     QStringLiteral("20/11/2026"), QStringLiteral("--albaranes"),
+                     ids.join(QLatin1Char(','))});
+        ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+        const qint64 hecha = sola->cn()
+                                 .Execute(QStringLiteral("SELECT Cav_IdFactura FROM Cav WHERE "
+                                                         "Cav_Id = ?"),
+                                          {ids.first().toInt()})
+                                 .Fields(0)
+                                 .Entero();
+        EXPECT_EQ(
+            facturaComoTexto(*sola, hecha).join(QLatin1Char('\n')).toStdString(),
+            facturaComoTexto(*lote, rs.Fields(0).Entero()).join(QLatin1Char('\n')).toStdString())
+            << ids.join(QLatin1Char(',')).toStdString();
+        ++comparadas;
+    }
+    EXPECT_GE(comparadas, 3);
+}
+
+TEST_P(Ordenes, AFailedSaveKeepsTheAmountsAndTheCommandsFail) {
+    creaDemo();
+    const auto [mismos, otro] = albaranes();
+    {
+        // The database refuses every receipt.
+        auto bd = BdSesion::Abre(db);
+        if (bd->dialecto().esSQLite()) {
+            bd->cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec BEGIN "
+                                            "SELECT RAISE(ABORT, 'sin recibos'); END"));
+        } else {
+            bd->cn().Execute(QStringLiteral("CREATE FUNCTION sin_recibos() RETURNS trigger AS $$ "
+                                            "BEGIN RAISE EXCEPTION 'sin recibos'; END $$ LANGUAGE "
+                                            "plpgsql"));
+            bd->cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec FOR "
+                                            "EACH ROW EXECUTE FUNCTION sin_recibos()"));
+        }
+    }
+    Salida s = ejecuta({QStringLiteral("factura"), QStringLiteral("--db"), db,
+                        QStringLiteral("--serie"), QStringLiteral("A"), QStringLiteral("--fecha"),
+                        QStringLiteral("20/11/2026"), QStringLiteral("--albaranes"), mismos[0]});
+    EXPECT_EQ(s.codigo, 1) << s.texto.toStdString();
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Factura A/1: La factura se ha grabado con sus "
+                                                "importes, pero no se terminó")))
+        << s.error.toStdString();
+    s = ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db, QStringLiteral("--fecha"),
+                 QStringLiteral("20/11/2026")});
+    EXPECT_EQ(s.codigo, 1) << s.texto.toStdString();
+    // Each unfinished invoice once, by its number.
+    EXPECT_EQ(s.error.count(QStringLiteral("Factura A/2 (")), 1) << s.error.toStdString();
+    auto bd = BdSesion::Abre(db);
+    EXPECT_EQ(pendientes(), 0);
+    EXPECT_EQ(bd->cn()
+                  .Execute(QStringLiteral("SELECT COUNT(*) FROM Fav WHERE Fav_Total <= 0 OR "
+                                          "Fav_Liquido <= 0 OR Fav_Bruto <= 0"))
+                  .Fields(0)
+                  .Entero(),
+              0);
+    EXPECT_EQ(bd->cn().Execute(QStringLiteral("SELECT COUNT(*) FROM Rec")).Fields(0).Entero(), 0);
+}
+
 // What needs no company: help, version, the command's name.
 TEST(Programa, HelpVersionAndUnknownCommands) {
     Salida s = ejecuta({QStringLiteral("--help")});

@@ -347,6 +347,39 @@ TEST_P(Multifactura, FailedTotalsUndoTheInvoiceAndKeepTheNumber) {
         << p->incidencias[0].motivo.toStdString();
 }
 
+TEST_P(Multifactura, EachInvoiceTakesItsOwnCustomersRetentionWhateverCameBefore) {
+    const qint32 x = e->cliente({.retNf = 5});
+    const qint32 y = e->cliente();
+    const qint32 z = e->cliente({.retNf = 3, .modoRetNf = 1});
+    albaran(x, kDia1, 100, contado);
+    albaran(y, kDia1, 200, contado);
+    albaran(z, kDia1, 300, contado);
+    auto p = pantalla();
+    p->Text1[11] = QStringLiteral("0");
+    p->Text1[0] =
+        QString::number(e->cuenta(QStringLiteral("SELECT Cli_Cod FROM Cli WHERE Cli_Id = ?"), {x}));
+    p->Text1_0_LostFocus();
+    p->cmdBuscar();
+    e->ui().respuestas.push_back(true);
+    p->cmdFacturar(); // X alone: 5 % kept back
+    p->Text1[0].clear();
+    p->Text1_0_LostFocus();
+    p->cmdBuscar();
+    facturaTodos(*p);
+    // Y keeps nothing back, Z its own 3 % of the total: nothing of X's.
+    Recordset rs = e->cn().Execute(
+        QStringLiteral("SELECT Fav_IdCli, Fav_PRetNf, Fav_IRetNf FROM Fav ORDER BY Fav_Numero"));
+    ASSERT_EQ(rs.RecordCount(), 3);
+    EXPECT_DOUBLE_EQ(rs.Fields(2).Doble(), 5);
+    rs.MoveNext();
+    EXPECT_EQ(rs.Fields(0).Entero(), y);
+    EXPECT_DOUBLE_EQ(rs.Fields(1).Doble(), 0);
+    EXPECT_DOUBLE_EQ(rs.Fields(2).Doble(), 0);
+    rs.MoveNext();
+    EXPECT_EQ(rs.Fields(0).Entero(), z);
+    EXPECT_DOUBLE_EQ(rs.Fields(2).Doble(), 10.89);
+}
+
 TEST_P(Multifactura, NoCopiesSkipTheIssue) {
     const qint32 c = e->cliente();
     albaran(c, kDia1, 100, contado);
