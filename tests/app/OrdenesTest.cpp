@@ -542,20 +542,8 @@ TEST_P(Ordenes, FacturaAndFacturarMakeTheSameInvoiceOfTheSameNotes) {
 TEST_P(Ordenes, AFailedSaveKeepsTheAmountsAndTheCommandsFail) {
     creaDemo();
     const auto [mismos, otro] = albaranes();
-    {
-        // The database refuses every receipt.
-        auto bd = BdSesion::Abre(db);
-        if (bd->dialecto().esSQLite()) {
-            bd->cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec BEGIN "
-                                            "SELECT RAISE(ABORT, 'sin recibos'); END"));
-        } else {
-            bd->cn().Execute(QStringLiteral("CREATE FUNCTION sin_recibos() RETURNS trigger AS $$ "
-                                            "BEGIN RAISE EXCEPTION 'sin recibos'; END $$ LANGUAGE "
-                                            "plpgsql"));
-            bd->cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec FOR "
-                                            "EACH ROW EXECUTE FUNCTION sin_recibos()"));
-        }
-    }
+    // The database refuses every receipt.
+    RechazaInserciones(*BdSesion::Abre(db), QStringLiteral("Rec"));
     Salida s = ejecuta({QStringLiteral("factura"), QStringLiteral("--db"), db,
                         QStringLiteral("--serie"), QStringLiteral("A"), QStringLiteral("--fecha"),
                         QStringLiteral("20/11/2026"), QStringLiteral("--albaranes"), mismos[0]});

@@ -115,15 +115,7 @@ TEST_P(Facturacion, TheStoredFooterDiscountIsTheInvoicesOwn) {
 
 TEST_P(Facturacion, AFailedSaveKeepsTheAmountsAndRetentionItWrote) {
     const qint32 c = e->cliente({.retNf = 5});
-    if (e->bd().dialecto().esSQLite()) {
-        e->cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec BEGIN "
-                                       "SELECT RAISE(ABORT, 'sin recibos'); END"));
-    } else {
-        e->cn().Execute(QStringLiteral("CREATE FUNCTION sin_recibos() RETURNS trigger AS $$ BEGIN "
-                                       "RAISE EXCEPTION 'sin recibos'; END $$ LANGUAGE plpgsql"));
-        e->cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec FOR EACH "
-                                       "ROW EXECUTE FUNCTION sin_recibos()"));
-    }
+    RechazaInserciones(e->bd(), QStringLiteral("Rec"));
     CabeceraFactura cab = cabecera(c);
     cab.retencionNF = 5;
     cab.modoRetencionNF = 0;
@@ -133,8 +125,9 @@ TEST_P(Facturacion, AFailedSaveKeepsTheAmountsAndRetentionItWrote) {
     EXPECT_EQ(r.factura, QStringLiteral("A/1"));
     EXPECT_TRUE(r.motivo.startsWith(QStringLiteral("La factura se ha grabado con sus importes")));
     // The server's own words are kept apart, for a log, never in the message.
-    EXPECT_TRUE(r.detalle.contains(QStringLiteral("sin recibos"))) << r.detalle.toStdString();
-    EXPECT_FALSE(r.motivo.contains(QStringLiteral("sin recibos")));
+    EXPECT_TRUE(r.detalle.contains(QStringLiteral("prohibido en la prueba")))
+        << r.detalle.toStdString();
+    EXPECT_FALSE(r.motivo.contains(QStringLiteral("prohibido en la prueba")));
     Recordset fav = e->cn().Execute(
         QStringLiteral("SELECT Fav_Total, Fav_IRetNf, Fav_Liquido FROM Fav WHERE Fav_Id = ?"),
         {r.idFactura});

@@ -270,25 +270,12 @@ TEST_P(Multifactura, FailedLinkUndoesOneInvoiceAndTheRunGoesOn) {
     EXPECT_EQ(EmisorAnotado::llamadas[0].size(), 2);
 }
 
-// The database refuses every receipt: the save fails after the amounts.
-void rechazaRecibos(EmpresaPrueba& e) {
-    if (e.bd().dialecto().esSQLite()) {
-        e.cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec BEGIN "
-                                      "SELECT RAISE(ABORT, 'sin recibos'); END"));
-    } else {
-        e.cn().Execute(QStringLiteral("CREATE FUNCTION sin_recibos() RETURNS trigger AS $$ BEGIN "
-                                      "RAISE EXCEPTION 'sin recibos'; END $$ LANGUAGE plpgsql"));
-        e.cn().Execute(QStringLiteral("CREATE TRIGGER sin_recibos BEFORE INSERT ON Rec FOR EACH "
-                                      "ROW EXECUTE FUNCTION sin_recibos()"));
-    }
-}
-
 TEST_P(Multifactura, FailedSaveKeepsWhatItWroteAndTellsEachInvoiceOnce) {
     const qint32 a = e->cliente();
     const qint32 b = e->cliente();
     albaran(a, kDia1, 100, contado);
     albaran(b, kDia1, 200, contado);
-    rechazaRecibos(*e);
+    RechazaInserciones(e->bd(), QStringLiteral("Rec")); // the save fails after the amounts
     auto p = pantalla();
     p->Text1[11] = QStringLiteral("0");
     p->cmdBuscar();

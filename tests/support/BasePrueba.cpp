@@ -82,4 +82,19 @@ std::unique_ptr<BdSesion> BasePrueba::CreaEmpresa(const QString& catalogo) {
     return s;
 }
 
+void RechazaInserciones(BdSesion& bd, const QString& tabla) {
+    if (bd.dialecto().esSQLite()) {
+        bd.cn().Execute(QStringLiteral("CREATE TRIGGER rechaza_%1 BEFORE INSERT ON %1 BEGIN SELECT "
+                                       "RAISE(ABORT, 'prohibido en la prueba'); END")
+                            .arg(tabla));
+        return;
+    }
+    bd.cn().Execute(
+        QStringLiteral("CREATE OR REPLACE FUNCTION rechaza() RETURNS trigger AS $$ "
+                       "BEGIN RAISE EXCEPTION 'prohibido en la prueba'; END $$ LANGUAGE plpgsql"));
+    bd.cn().Execute(QStringLiteral("CREATE TRIGGER rechaza_%1 BEFORE INSERT ON %1 FOR EACH ROW "
+                                   "EXECUTE FUNCTION rechaza()")
+                        .arg(tabla));
+}
+
 } // namespace vk::prueba

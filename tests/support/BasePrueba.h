@@ -39,6 +39,11 @@ private:
 // need a server (throws when no cluster was started).
 QString CadenaServidorPrueba(const QString& baseDatos);
 
+// From now on the database refuses every row inserted into `tabla` (a
+// trigger raising "rechazado"), so that a step fails for real on either
+// backend. `tabla` is a name of the schema, never user text.
+void RechazaInserciones(BdSesion& bd, const QString& tabla);
+
 // Parameter of every database test: both backends.
 class PruebaMotores : public ::testing::TestWithParam<Motor> {};
 
