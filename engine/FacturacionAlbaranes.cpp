@@ -116,9 +116,8 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
 
         // Dates run with the numbers. Checked here, under the series lock that
         // NuevaFactura holds, so that no invoice of another user can slip a
-        // later date in between the check and this number.
-        // The new row's own date cannot make the check fail, so it is read
-        // as the series' plain maximum, which the index answers at once.
+        // later date in between the check and this number. The new row's own
+        // date cannot fail the check, so the series' plain maximum serves.
         Recordset ultima = cn.Execute(
             QStringLiteral("SELECT MAX(Fav_Fecha) FROM Fav WHERE Fav_Serie = ?"), {c.serie});
         if (!ultima.Eof() && !ultima.Fields(0).IsNull() && c.fecha < ultima.Fields(0).Fecha()) {
@@ -170,11 +169,14 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
             t.Deshaz();
             f.IdFactu = 0;
             const std::optional<ErrorBd>& e = error ? error : bd.ErrorConstructor();
-            ResultadoFacturacion n = fallo(
-                E::NoHecha,
-                mensajes::kFacturaNoGrabada.arg(e ? e->Mensaje() : mensajes::kConexionPerdida),
-                e ? &*e : nullptr);
-            return n;
+            if (!e) {
+                // The connection was found dead: no invoice after this one can
+                // be saved either.
+                ResultadoFacturacion n = fallo(E::NoHecha, mensajes::kConexionPerdida, nullptr);
+                n.detieneEjecucion = true;
+                return n;
+            }
+            return fallo(E::NoHecha, mensajes::kFacturaNoGrabada.arg(e->Mensaje()), &*e);
         }
         // What the save wrote before the failing step stays written.
         t.Confirma();
