@@ -1,16 +1,15 @@
 #include "OrdenFactura.h"
 
 #include "Argumentos.h"
+#include "InteraccionConsola.h"
 
 #include <BdSesion.h>
 #include <ErrorBd.h>
 #include <FacturacionAlbaranes.h>
 #include <Formato.h>
-#include <InteraccionGuion.h>
 #include <RegistroSuite.h>
 #include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
-#include <frmIniFav.h>
 #include <limits>
 
 namespace vk::app {
@@ -85,7 +84,7 @@ void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
 
 } // namespace
 
-int OrdenFactura(const QStringList& args, QTextStream& out) {
+int OrdenFactura(const QStringList& args, QTextStream& out, QTextStream& err) {
     constexpr qint32 kMaximo = std::numeric_limits<qint32>::max();
     Argumentos a(QStringLiteral("factura"),
                  QStringLiteral("--serie S --fecha DD/MM/AAAA --albaranes ID[,ID...] [opciones]"),
@@ -131,8 +130,8 @@ int OrdenFactura(const QStringList& args, QTextStream& out) {
     if (usuario) {
         CompruebaUsuario(*bd, *usuario);
     }
-    InteraccionGuion ui;
-    ui.EstableceEco(&out);
+    InteraccionConsola ui(out, err);
+    ui.primerNumero = numero;
     const UsaInteraccion puerto(ui);
     VKFACVENTAS f;
     f.setMyBd(*bd);
@@ -152,14 +151,6 @@ int OrdenFactura(const QStringList& args, QTextStream& out) {
                                       "al último, sin --numero.")
                            .arg(serie));
     }
-    ui.dialogos.push_back([numero](DialogoModelo& d) {
-        auto* dialogo = dynamic_cast<frmIniFav*>(&d);
-        if (!dialogo) {
-            return false;
-        }
-        dialogo->Text1 = numero > 0 ? QString::number(numero) : QString();
-        return dialogo->cmdInforme();
-    });
 
     const ResultadoFacturacion r = FacturaAlbaranes(f, grupo.cabecera, grupo.albaranes);
     if (!r.Creada()) {

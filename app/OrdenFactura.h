@@ -7,6 +7,6 @@
 
 namespace vk::app {
 
-int OrdenFactura(const QStringList& args, QTextStream& out);
+int OrdenFactura(const QStringList& args, QTextStream& out, QTextStream& err);
 
 } // namespace vk::app

@@ -59,9 +59,7 @@ std::optional<Ejecuta> buscaOrden(const QString& orden) {
         return vk::app::OrdenDemo;
     }
     if (orden == QLatin1String("factura")) {
-        return [](const QStringList& a, QTextStream& out, QTextStream&) {
-            return vk::app::OrdenFactura(a, out);
-        };
+        return vk::app::OrdenFactura;
     }
     if (orden == QLatin1String("facturar")) {
         return vk::app::OrdenFacturar;
