@@ -367,6 +367,51 @@ TEST_P(Multifactura, EachInvoiceTakesItsOwnCustomersRetentionWhateverCameBefore)
     EXPECT_DOUBLE_EQ(rs.Fields(2).Doble(), 10.89);
 }
 
+// A full disk, as SQLite meets it when the file may not grow: the run stops
+// at the first invoice, says so once, and leaves every note pending.
+TEST(MultifacturaDiscoLleno, AFullDiskStopsTheRunAndLosesNothing) {
+    suite::RegistraComponentesSuite();
+    EmpresaPrueba e(Motor::SQLite);
+    const qint32 contado = e.formaPago(QStringLiteral("Contado"), {{0, 100, 1}});
+    for (int i = 0; i < 40; ++i) {
+        const qint32 a = e.albaran(e.cliente(), kDia1, 1, {{100.0 + i, 1, 1}});
+        e.cn().Execute(QStringLiteral("UPDATE Cav SET Cav_IdFco = ? WHERE Cav_Id = ?"),
+                       {contado, a});
+    }
+    frmFacturasVenta p(e.factura());
+    p.Text1[3].clear();
+    p.Text1[6] = QStringLiteral("31/03/2026");
+    p.Text1[11] = QStringLiteral("0");
+    p.cmdBuscar();
+    ASSERT_EQ(p.dbgCli.size(), 40u);
+    const qint64 paginas = e.cn().Execute(QStringLiteral("PRAGMA page_count")).Fields(0).Entero();
+    e.cn().Execute(QStringLiteral("PRAGMA max_page_count = %1").arg(paginas));
+    e.ui().dialogos.push_back(
+        [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
+    p.Check4 = true;
+    p.Check4_Click();
+    e.ui().respuestas.push_back(true);
+    p.cmdFacturar();
+    // The invoices made before the disk filled are whole; the one that met
+    // it left nothing, and the run stopped there.
+    EXPECT_TRUE(p.ejecucionDetenida);
+    const qint64 hechas = static_cast<qint64>(p.facturasGeneradas.size());
+    EXPECT_EQ(e.cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), hechas);
+    EXPECT_LT(hechas, 40);
+    EXPECT_EQ(e.cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav WHERE Fav_Total <= 0 OR "
+                                      "ABS(Fav_Liquido - (SELECT SUM(Rec_Importe) FROM Rec WHERE "
+                                      "Rec_IdFac = Fav_Id)) > 0.005")),
+              0);
+    EXPECT_EQ(e.cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Situa = 1")),
+              40 - hechas);
+    ASSERT_EQ(p.incidencias.size(), 2u);
+    EXPECT_TRUE(p.incidencias[0].motivo.contains(
+        QStringLiteral("No queda espacio en el disco de la base de datos")))
+        << p.incidencias[0].motivo.toStdString();
+    EXPECT_EQ(p.incidencias[1].motivo.toStdString(),
+              mensajes::kGruposSinIntentar.arg(40 - hechas - 1).toStdString());
+}
+
 TEST_P(Multifactura, NoCopiesSkipTheIssue) {
     const qint32 c = e->cliente();
     albaran(c, kDia1, 100, contado);
