@@ -87,6 +87,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
     }
 
     // Text route of design 6.
+    bool trasTexto = false;
     if (par.Item(kDiseno).Entero() == 6 && nOrigen == 0) {
         if (f.Tipo_Emision == 1) {
             if (const auto layout =
@@ -96,6 +97,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
                 if (layout->terminaRun) {
                     return;
                 }
+                trasTexto = true;
             }
         } else {
             nDiseno = 0;
@@ -172,7 +174,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
         r->Subreport(2).Database.Tables.Item(1).SetDataSource(LeeComposicionFacturas(bd, vIds), 3);
     }
 
-    EntregaInforme(f, std::move(r), rs);
+    EntregaInforme(f, std::move(r), rs, {.trasTexto = trasTexto});
 }
 
 } // namespace

@@ -42,7 +42,7 @@ void sumaMargen(VKFACVENTAS& f, informe::Reporte& r) {
     r.TopMargin += static_cast<int>(f.MyBd().Parametros().Entero(QStringLiteral("Par_TopMarg")));
 }
 
-void viaImpresora(VKFACVENTAS& f, informe::Reporte& r) {
+void viaImpresora(VKFACVENTAS& f, informe::Reporte& r, bool trasTexto) {
     const QString actual =
         LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("Printer"));
     const QString impresora = Ui().EligeImpresora(actual).value_or(actual);
@@ -51,7 +51,7 @@ void viaImpresora(VKFACVENTAS& f, informe::Reporte& r) {
         // A path instead of a queue: print to that file, as a print-to-file
         // printer does.
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(impresora);
+        printer.setOutputFileName(FicheroInformeImpresora(impresora, trasTexto));
     } else if (!impresora.isEmpty()) {
         printer.setPrinterName(impresora);
     }
@@ -92,6 +92,17 @@ void viaPdf(VKFACVENTAS& f, informe::Reporte& r, const Recordset& rs) {
 
 } // namespace
 
+QString FicheroInformeImpresora(const QString& ruta, bool trasTexto) {
+    if (!trasTexto) {
+        return ruta;
+    }
+    QFile fichero(ruta);
+    if (!fichero.exists() || !fichero.open(QIODevice::ReadOnly) || fichero.peek(4) == "%PDF") {
+        return ruta;
+    }
+    return ruta + QStringLiteral(".pdf");
+}
+
 void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> r, const Recordset& filas,
                     const OpcionesRuta& opciones) {
     if (opciones.sumaMargen && (f.Tipo_Emision == 0 || f.Tipo_Emision == 1)) {
@@ -103,7 +114,7 @@ void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> r, const R
         viaPantalla(std::move(r), filas);
         break;
     case 1:
-        viaImpresora(f, *r);
+        viaImpresora(f, *r, opciones.trasTexto);
         break;
     case 2:
         viaPdf(f, *r, filas);

@@ -5,8 +5,6 @@
 #include <Interaccion.h>
 #include <QProcess>
 #include <QStandardPaths>
-#include <cerrno>
-#include <iconv.h>
 
 namespace vk::suite {
 
@@ -21,43 +19,20 @@ constexpr int kEsperaLpMs = 30000;
 
 } // namespace
 
-QByteArray ConvierteCodigoPagina(const QString& texto, const QString& codigoPagina) {
-    const QByteArray destino = codigoPagina.toLatin1() + "//TRANSLIT";
-    iconv_t cd = iconv_open(destino.constData(), "UTF-8");
-    if (cd == reinterpret_cast<iconv_t>(-1)) {
-        throw ErrorBd(mensajes::kSpoolCodigoPagina.arg(codigoPagina));
-    }
-    QByteArray entrada = texto.toUtf8();
-    QByteArray salida(entrada.size() * 4 + 16, '\0');
-    char* in = entrada.data();
-    size_t inLeft = static_cast<size_t>(entrada.size());
-    char* out = salida.data();
-    size_t outLeft = static_cast<size_t>(salida.size());
-    while (inLeft > 0) {
-        if (iconv(cd, &in, &inLeft, &out, &outLeft) == static_cast<size_t>(-1)) {
-            if (errno == EILSEQ || errno == EINVAL) {
-                // Nothing to transliterate it to: a question mark, as
-                // printers do with what they cannot print.
-                *out++ = '?';
-                --outLeft;
-                const auto b = static_cast<unsigned char>(*in);
-                const size_t largo = b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
-                in += std::min(inLeft, largo);
-                inLeft -= std::min(inLeft, largo);
-            } else {
-                break; // E2BIG cannot happen with four bytes per character
-            }
+QString DestinoPorDefecto(const QByteArray& salidaLpstat) {
+    const QByteArray kMarca("system default destination:");
+    for (const QByteArray& linea : salidaLpstat.split('\n')) {
+        const QByteArray l = linea.trimmed();
+        if (l.startsWith(kMarca)) {
+            return QString::fromLocal8Bit(l.mid(kMarca.size()).trimmed());
         }
     }
-    iconv_close(cd);
-    salida.truncate(salida.size() - static_cast<qsizetype>(outLeft));
-    return salida;
+    return {};
 }
 
 SpoolIncorporado::SpoolIncorporado()
     : Impresora(LeeAjuste(kAplicacion, kSeccion, QStringLiteral("Printer"))),
-      CodigoPagina(
-          LeeAjuste(kAplicacion, kSeccion, QStringLiteral("CodePage"), QStringLiteral("CP850"))) {}
+      CodigoPagina(spool::CodigoPaginaImpresora()) {}
 
 void SpoolIncorporado::SelectPrinter() {
     if (const std::optional<QString> elegida = Ui().EligeImpresora(Impresora)) {
@@ -78,11 +53,18 @@ bool SpoolIncorporado::OpenDevice() {
         return false;
     }
     QProcess lpstat;
+    // Its answer is read: in the C locale, whatever the user's language.
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    entorno.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    lpstat.setProcessEnvironment(entorno);
     lpstat.start(QStringLiteral("lpstat"), Impresora.isEmpty()
                                                ? QStringList{QStringLiteral("-d")}
                                                : QStringList{QStringLiteral("-p"), Impresora});
     if (!lpstat.waitForFinished(kEsperaLpMs) || lpstat.exitStatus() != QProcess::NormalExit ||
         lpstat.exitCode() != 0) {
+        return false;
+    }
+    if (Impresora.isEmpty() && DestinoPorDefecto(lpstat.readAllStandardOutput()).isEmpty()) {
         return false;
     }
     abierto_ = true;

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <ClsSpool.h>
+#include <Columnas.h>
 #include <QByteArray>
 #include <QFile>
 #include <QString>
@@ -14,17 +15,19 @@
 namespace vk::suite {
 
 namespace mensajes {
-inline const QString kSpoolCodigoPagina =
-    QStringLiteral("El código de página «%1» de la impresora no está disponible.");
 inline const QString kSpoolColaRechaza =
     QStringLiteral("La cola de impresión «%1» no ha aceptado el trabajo: %2");
 inline const QString kSpoolFichero = QStringLiteral("No se ha podido escribir en el fichero %1.");
 } // namespace mensajes
 
-// The text in the code page (iconv names: CP850, CP437, ISO-8859-15...).
-// Characters the code page lacks are transliterated ("€" becomes "EUR").
-// Throws ErrorBd when the code page is unknown.
-QByteArray ConvierteCodigoPagina(const QString& texto, const QString& codigoPagina);
+// The layouts pad their columns on text already in the code page; the
+// device converts with the same function.
+using spool::ConvierteCodigoPagina;
+
+// The default queue named by the output of "lpstat -d" (in the C locale),
+// empty when there is none: lpstat says so and still ends well, and lp
+// would fail later with its own English text.
+QString DestinoPorDefecto(const QByteArray& salidaLpstat);
 
 class SpoolIncorporado : public ClsSpool {
 public:

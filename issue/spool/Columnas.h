@@ -2,8 +2,13 @@
 // own mask and then padded with a text mask, so a column is always as wide as
 // the stationery wants whatever the value (a wider value pushes the rest of
 // the line to the right: it is never cut).
+//
+// Widths are counted on text already in the printer's code page: what the
+// code page lacks is transliterated before a column is padded or cut, so a
+// line keeps its width in bytes on the paper ("€" becomes "EUR" first).
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QVariant>
 
@@ -35,5 +40,18 @@ QString TrimBlancos(const QString& texto);
 // other value half the missing blanks (integer division) on each side, so an
 // odd remainder leaves the result one short.
 QString fnAlinea(const QString& sTexto, int nAncho, int nModo);
+
+// The printer's code page (iconv names: CP850, CP437, ISO-8859-15...): the
+// setting "CodePage" of the spool (application "ORVA", section "Spool"),
+// CP850 when not set.
+QString CodigoPaginaImpresora();
+// The text in the code page. Characters the code page lacks are
+// transliterated ("€" becomes "EUR"), a "?" when there is nothing to
+// transliterate them to. Throws ErrorBd when the code page is unknown.
+QByteArray ConvierteCodigoPagina(const QString& texto, const QString& codigoPagina);
+// The same text back in Unicode, holding only what the code page prints: on
+// a single-byte code page one character is one byte on the paper, so a
+// column padded on it keeps its width.
+QString AjustaCodigoPagina(const QString& texto, const QString& codigoPagina);
 
 } // namespace vk::spool

@@ -77,6 +77,7 @@ void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
     try {
         est_ = fig_.estacionario;
         est_.Carga(fig_.clave);
+        codigoPagina_ = CodigoPaginaImpresora();
         Ui().PunteroEspera(true);
         QVariantList ids;
         for (const qint32 id : vIds) {
@@ -368,12 +369,13 @@ QString LayoutSpool::Observaciones() const {
 void LayoutSpool::BloquePagos() {
     Escribe(QStringLiteral(
         "---------------CONDICIONES DE PAGO------  ------------OBSERVACIONES-------------"));
-    const QStringList aPago = Pagos();
-    Escribe(Izquierda(aPago.value(0), 40) + QStringLiteral("  ") + Observaciones());
+    // The due dates lose their euro sign before it could become "EUR".
+    const QStringList aPago = C("FormaPago").Texto().split(QLatin1Char('#'));
+    Escribe(Izquierda(Texto(aPago.value(0)), 40) + QStringLiteral("  ") + Observaciones());
     for (qsizetype i = 1; i < aPago.size(); ++i) {
         if (!aPago[i].isEmpty()) {
             QString plazo = aPago[i];
-            Escribe(Izquierda(plazo.replace(QStringLiteral("€"), QStringLiteral(" ")), 40));
+            Escribe(Izquierda(Texto(plazo.replace(QStringLiteral("€"), QStringLiteral(" "))), 40));
         }
     }
 }
@@ -408,7 +410,15 @@ Campo LayoutSpool::C(const char* nombre) const {
 }
 
 QString LayoutSpool::T(const char* nombre) const {
-    return C(nombre).Texto();
+    return Texto(C(nombre));
+}
+
+QString LayoutSpool::Texto(const Campo& campo) const {
+    return Texto(campo.Texto());
+}
+
+QString LayoutSpool::Texto(const QString& texto) const {
+    return AjustaCodigoPagina(texto, codigoPagina_);
 }
 
 double LayoutSpool::D(const char* nombre) const {

@@ -85,7 +85,11 @@ protected:
 
     // ---- the row ----
     Campo C(const char* nombre) const;
+    // Text of the row as the printer prints it (AjustaCodigoPagina): columns
+    // are measured on what reaches the paper.
     QString T(const char* nombre) const;
+    QString Texto(const Campo& campo) const;
+    QString Texto(const QString& texto) const;
     double D(const char* nombre) const;
     qint64 N(const char* nombre) const;
     QString Fecha(const char* nombre, const QString& mascara = QStringLiteral("dd/mm/yyyy")) const;
@@ -113,6 +117,7 @@ protected:
     double dSuma = 0; // Lav_importe of the invoice printed so far
     QString sMascara;
     bool bSaltoHecho = false; // the page already ended with its form feed
+    QString codigoPagina_;    // the printer's, read when the run starts
 
 private:
     QString Sql(qsizetype nIds) const;

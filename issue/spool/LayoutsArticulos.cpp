@@ -74,7 +74,7 @@ private:
         Componentes();
     }
     void Componentes() {
-        const QString codigo = T("Lav_CodArt");
+        const QString codigo = C("Lav_CodArt").Texto(); // a key: looked up as stored
         if (TrimBlancos(codigo).isEmpty()) {
             return;
         }
@@ -87,7 +87,7 @@ private:
             {codigo});
         for (; !c.Eof(); c.MoveNext()) {
             Continuacion(Espacios(E("sangriaContinuacion")) +
-                         Izquierda(QStringLiteral("  ") + c.Fields(0).Texto(), nAncho) +
+                         Izquierda(QStringLiteral("  ") + Texto(c.Fields(0)), nAncho) +
                          Espacios(6) +
                          Cifra(c.Fields(1).Doble(), QStringLiteral("###,##0.000"), 11));
         }

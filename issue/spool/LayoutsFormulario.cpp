@@ -77,7 +77,8 @@ private:
     }
     void Relleno() override {} // msPieFacturaIva fills the page itself
     void Totales() override {
-        msPieFacturaIva([this](const QString& t) { Envia(t); }, rs_, nLinea, nLimite);
+        msPieFacturaIva([this](const QString& t) { Envia(t); }, rs_, nLinea, nLimite,
+                        codigoPagina_);
     }
 };
 
@@ -102,7 +103,7 @@ private:
             QStringLiteral("SELECT Cli_CodExt, Cli_Cta FROM Cli WHERE Cli_Cod = ?"),
             {N("Cli_Cod")});
         return c.Eof() ? QStringList{QString(), QString()}
-                       : QStringList{c.Fields(0).Texto(), c.Fields(1).Texto()};
+                       : QStringList{Texto(c.Fields(0)), Texto(c.Fields(1))};
     }
     void Cabecera() override {
         InicioCabecera();
@@ -196,7 +197,7 @@ private:
             Recordset o = Bd().cn().Execute(
                 QStringLiteral("select obras_des, obras_id from Obras where obras_id = ?"), {obra});
             Escribe(Espacios(E("sangriaObra")) + QStringLiteral("Obra: ") +
-                    (o.Eof() ? QString() : o.Fields(0).Texto()));
+                    (o.Eof() ? QString() : Texto(o.Fields(0))));
             ++nLinea;
         }
     }
@@ -218,7 +219,7 @@ private:
         if (const qint64 doc = N("IdDoc"); doc != 0) {
             Recordset d = Bd().cn().Execute(
                 QStringLiteral("select doc_text from Doc where doc_id = ?"), {doc});
-            texto = d.Eof() ? QString() : TrimBlancos(d.Fields(0).Texto());
+            texto = d.Eof() ? QString() : TrimBlancos(Texto(d.Fields(0)));
         }
         const QStringList aDes = Trozos(texto.isEmpty() ? QStringLiteral(" ") : texto);
         const auto cifra = [](double v, const QString& mascara, int ancho) {

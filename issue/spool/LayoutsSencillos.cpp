@@ -102,7 +102,7 @@ private:
             {N("Lav_Id")});
         for (; !pedidos.Eof(); pedidos.MoveNext()) {
             Escribe(Espacios(E("sangriaContinuacion")) + QStringLiteral("Pedido nº: ") +
-                    pedidos.Fields(0).Texto());
+                    Texto(pedidos.Fields(0)));
             ++nLinea;
         }
     }

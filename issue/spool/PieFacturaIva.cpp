@@ -8,7 +8,7 @@
 namespace vk::spool {
 
 void msPieFacturaIva(const std::function<void(const QString&)>& printline, const Recordset& rs,
-                     int nLinea, int nLimite) {
+                     int nLinea, int nLimite, const QString& codigoPagina) {
     const auto escribe = [&printline](const QString& texto) { printline(texto + kFinLinea); };
     const auto d = [&rs](const QString& nombre) { return rs.Fields(nombre).Doble(); };
     const auto importe = [](double v, int ancho) {
@@ -67,14 +67,17 @@ void msPieFacturaIva(const std::function<void(const QString&)>& printline, const
     QStringList vencimientos;
     for (qsizetype i = 1; i < aPago.size(); ++i) {
         if (!aPago[i].isEmpty()) {
-            vencimientos << QString(aPago[i]).replace(QStringLiteral("€"), QStringLiteral(" "));
+            vencimientos << AjustaCodigoPagina(
+                QString(aPago[i]).replace(QStringLiteral("€"), QStringLiteral(" ")), codigoPagina);
         }
     }
-    escribe(fnAlinea(aPago.value(0), 49, 0) + QStringLiteral("  ") + vencimientos.value(0));
+    escribe(fnAlinea(AjustaCodigoPagina(aPago.value(0), codigoPagina), 49, 0) +
+            QStringLiteral("  ") + vencimientos.value(0));
     for (qsizetype i = 1; i < vencimientos.size(); ++i) {
         escribe(Espacios(51) + vencimientos[i]);
     }
-    const QString obs = rs.Fields(QStringLiteral("Fav_Obs")).Texto();
+    const QString obs =
+        AjustaCodigoPagina(rs.Fields(QStringLiteral("Fav_Obs")).Texto(), codigoPagina);
     for (qsizetype i = 0; i < obs.size(); i += 40) {
         escribe(obs.mid(i, 40));
     }

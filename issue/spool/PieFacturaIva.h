@@ -10,8 +10,9 @@
 namespace vk::spool {
 
 // rs stands on a row of the invoice that ended; printline sends text as it
-// stands. Fills with line ends from nLinea up to nLimite + 3 first.
+// stands. Fills with line ends from nLinea up to nLimite + 3 first. Texts
+// are measured in codigoPagina, the printer's.
 void msPieFacturaIva(const std::function<void(const QString&)>& printline, const Recordset& rs,
-                     int nLinea, int nLimite);
+                     int nLinea, int nLimite, const QString& codigoPagina);
 
 } // namespace vk::spool

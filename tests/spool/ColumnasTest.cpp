@@ -13,6 +13,19 @@
 namespace vk::spool {
 namespace {
 
+TEST(Columnas, TextIsInTheCodePageBeforeItIsMeasured) {
+    const QString cp = QStringLiteral("CP850");
+    // What CP850 has stays; what it lacks becomes its transliteration.
+    EXPECT_EQ(AjustaCodigoPagina(QStringLiteral("Ñandú nº 3"), cp), QStringLiteral("Ñandú nº 3"));
+    EXPECT_EQ(AjustaCodigoPagina(QStringLiteral("12,50 €"), cp), QStringLiteral("12,50 EUR"));
+    EXPECT_EQ(AjustaCodigoPagina(QStringLiteral("œuvre…"), cp), QStringLiteral("oeuvre..."));
+    // One character is one byte on the paper.
+    const QString texto = AjustaCodigoPagina(QStringLiteral("Café € œ … 漢"), cp);
+    EXPECT_EQ(ConvierteCodigoPagina(texto, cp).size(), texto.size());
+    EXPECT_EQ(ConvierteCodigoPagina(fnAlinea(texto, 20, 0), cp).size(), 20);
+    EXPECT_THROW(AjustaCodigoPagina(QStringLiteral("€"), QStringLiteral("NO-EXISTE-850")), ErrorBd);
+}
+
 TEST(Columnas, MasksPadToTheWidthAndNeverCut) {
     EXPECT_EQ(Derecha(QStringLiteral("12,50"), 8), QStringLiteral("   12,50"));
     EXPECT_EQ(Izquierda(QStringLiteral("A/7"), 9), QStringLiteral("A/7      "));

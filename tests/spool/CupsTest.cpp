@@ -60,6 +60,14 @@ TEST(SpoolFichero, APathIsAFileDeviceThatGetsTheBytesInCp850) {
     spool.CloseDevice();
 }
 
+TEST(SpoolCola, WithoutADefaultQueueThereIsNoDeviceToOpen) {
+    // lpstat -d ends well either way: only its answer tells.
+    EXPECT_EQ(suite::DestinoPorDefecto("no system default destination\n"), QString());
+    EXPECT_EQ(suite::DestinoPorDefecto(""), QString());
+    EXPECT_EQ(suite::DestinoPorDefecto("system default destination: oficina\n"),
+              QStringLiteral("oficina"));
+}
+
 // A scheduler of its own: configuration, spool and socket in a temporary
 // folder, so the machine's printers are never touched.
 class CupsPrivado {
@@ -216,6 +224,12 @@ TEST(SpoolCups, AQueueOfAPrivateSchedulerGetsTheSameBytes) {
     ASSERT_TRUE(cups.Cola(QStringLiteral("vkprueba"), salida)) << cups.registro().toStdString();
 
     suite::SpoolIncorporado spool;
+    // The scheduler has a queue but no default one: no queue named is no
+    // device, instead of lp's own failure when the job is sent.
+    if (qEnvironmentVariableIsEmpty("LPDEST") && qEnvironmentVariableIsEmpty("PRINTER")) {
+        spool.Impresora.clear();
+        EXPECT_FALSE(spool.OpenDevice());
+    }
     spool.Impresora = QStringLiteral("no-existe");
     EXPECT_FALSE(spool.OpenDevice());
     spool.Impresora = QStringLiteral("vkprueba");

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <RutasEmision.h>
 
 namespace vk::prueba {
 namespace {
@@ -78,6 +79,23 @@ TEST_P(Despacho, Plt15PrintsItsTextAndThenTheReport) {
     ASSERT_TRUE(QFileInfo::exists(pdf));
     const QString informe = TextoPdf(pdf);
     EXPECT_TRUE(informe.contains(QStringLiteral("Servilletas"))) << informe.toStdString();
+}
+
+TEST_P(Despacho, Plt15ToOneFileKeepsTheTextAndPutsTheReportBesideIt) {
+    plantilla(QStringLiteral("PLT15"));
+    // The same file for both, as the saved printer answers each time.
+    s->ui().impresoras = {s->salida(), s->salida()};
+    const QString pdf = s->salida() + QStringLiteral(".pdf");
+    const QByteArray texto = emite();
+    EXPECT_TRUE(s->mensajes().isEmpty());
+    EXPECT_TRUE(texto.startsWith("\x12")) << Legible(texto).toStdString();
+    EXPECT_TRUE(texto.contains("(Euros)..:"));
+    EXPECT_FALSE(texto.contains("%PDF"));
+    ASSERT_TRUE(QFileInfo::exists(pdf));
+    EXPECT_TRUE(TextoPdf(pdf).contains(QStringLiteral("Servilletas")));
+    // A report file chosen apart is written as chosen.
+    EXPECT_EQ(FicheroInformeImpresora(pdf, true), pdf);
+    EXPECT_EQ(FicheroInformeImpresora(s->salida(), false), s->salida());
 }
 
 TEST_P(Despacho, AnUnreachablePrinterPrintsNothingAndSaysSo) {

@@ -178,6 +178,34 @@ TEST_P(LayoutGeneral, TooManyQuantityDecimalsWarnAndPrintSix) {
     EXPECT_TRUE(s->mensajes().isEmpty());
 }
 
+TEST_P(LayoutGeneral, CharactersTheCodePageLacksKeepTheColumns) {
+    // "€" becomes "EUR", "œ" "oe" and "…" "..." before the description is
+    // padded and cut, so the price and the amount stay in their columns.
+    const qint32 a =
+        s->albaran(cliente, kDia,
+                   {{.des = QStringLiteral("Tasa 5 €"), .uni = 1, .precio = 5},
+                    {.des = QStringLiteral("Tasa 5 EUR"), .uni = 1, .precio = 5},
+                    {.des = QStringLiteral("Manœuvre… del lote Nº 7 € con recargo fijo"),
+                     .uni = 2,
+                     .precio = 3},
+                    {.des = QStringLiteral("Tornillo"), .uni = 2, .precio = 3}});
+    const qint32 id = s->factura(cliente, kDia, {a});
+    const QByteArray bytes = imprime({id});
+    QList<QByteArray> cuerpo;
+    for (const QByteArray& l : bytes.split('\n')) {
+        if (l.contains("Tasa 5") || l.contains("Man") || l.contains("Tornillo")) {
+            cuerpo << l;
+        }
+    }
+    ASSERT_EQ(cuerpo.size(), 4) << Legible(bytes).toStdString();
+    EXPECT_EQ(cuerpo[0], cuerpo[1]);
+    EXPECT_TRUE(cuerpo[2].contains("Manoeuvre... del lote N\xa7 7 EUR con "))
+        << Legible(bytes).toStdString();
+    EXPECT_EQ(cuerpo[2].size(), cuerpo[3].size()) << Legible(bytes).toStdString();
+    EXPECT_EQ(cuerpo[2].right(35), cuerpo[3].right(35));
+    EXPECT_FALSE(bytes.contains('?'));
+}
+
 VK_EN_AMBOS_MOTORES(LayoutGeneral);
 
 } // namespace
