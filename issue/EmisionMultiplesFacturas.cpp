@@ -169,9 +169,16 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
     }
     r->Database.Tables.Item(1).SetDataSource(rs, 3);
     if (nDiseno == 13) {
-        // The food design's subreports: the VAT rates and the composition.
-        r->Subreport(1).Database.Tables.Item(1).SetDataSource(LeeTiposIva(bd), 3);
-        r->Subreport(2).Database.Tables.Item(1).SetDataSource(LeeComposicionFacturas(bd, vIds), 3);
+        // The food design's subreports, the VAT rates and the articles'
+        // composition, bound by name: the withholding report that stands in
+        // for the design when an invoice bears a withholding has neither.
+        for (const auto& sub : r->Subreportes) {
+            if (sub->Name.compare(QLatin1String("TiposIva"), Qt::CaseInsensitive) == 0) {
+                sub->Database.Tables.Item(1).SetDataSource(LeeTiposIva(bd), 3);
+            } else if (sub->Name.compare(QLatin1String("Composicion"), Qt::CaseInsensitive) == 0) {
+                sub->Database.Tables.Item(1).SetDataSource(LeeComposicionFacturas(bd, vIds), 3);
+            }
+        }
     }
 
     EntregaInforme(f, std::move(r), rs, {.trasTexto = trasTexto});

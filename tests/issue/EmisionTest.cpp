@@ -82,6 +82,23 @@ TEST_P(Emision, OneWithholdingTurnsTheRunIntoTheWithholdingReportForThisRunOnly)
     EXPECT_EQ(e->bd().Parametros().Item(QStringLiteral("Par_RegFiscal")).Entero(), 1);
 }
 
+TEST_P(Emision, TheFoodDesignIssuesInvoicesWithAWithholdingThroughTheWithholdingReport) {
+    // Design 13 binds two subreports that the withholding report lacks: the
+    // invoice with a withholding issues all the same, with its withholding;
+    // so does every invoice of a company whose fiscal regime is 3.
+    e->parametro(QStringLiteral("Par_DiseñoFactura"), 13);
+    const qint32 conRetencion = factura(3);
+    VKFACVENTAS& f = e->factura();
+    f.EmisionMultiplesFacturas(13, true, {conRetencion}, true, 1);
+    EXPECT_TRUE(errores().isEmpty()) << errores().join(QLatin1Char('\n')).toStdString();
+    EXPECT_TRUE(TextoPdf(f.PdfOutFile).contains(QStringLiteral("Retención IRPF")));
+    e->parametro(QStringLiteral("Par_RegFiscal"), 3);
+    f.PdfOutFile.clear();
+    f.EmisionMultiplesFacturas(13, true, {factura(1)}, true, 1);
+    EXPECT_TRUE(errores().isEmpty()) << errores().join(QLatin1Char('\n')).toStdString();
+    EXPECT_FALSE(f.PdfOutFile.isEmpty());
+}
+
 TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
     const qint32 id = factura(1);
     VKFACVENTAS& f = e->factura();
