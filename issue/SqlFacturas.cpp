@@ -51,7 +51,8 @@ QString fnSqlFacturas(BdSesion& bd) {
     QStringList c;
     c << QStringLiteral("Fav.Fav_Id, Fav.Fav_IdDir, Fav.Fav_Serie, Fav.Fav_Numero, Fav.Fav_Fecha, "
                         "Fav.fav_idcli AS Fav_IdCli, Fav.Fav_Total, Fav.Fav_Bruto, Fav.Fav_Dto1, "
-                        "Fav.Fav_ImpDto1, Fav.Fav_Bruto1, Fav.Fav_Dto2, Fav.Fav_ImpDto2");
+                        "Fav.Fav_ImpDto1, Fav.Fav_Bruto1, Fav.Fav_Dto2, Fav.Fav_ImpDto2, "
+                        "Fav.Fav_ImpDtoPie1");
     for (int i = 1; i <= 3; ++i) {
         c << QStringLiteral("Fav.Fav_BIva%1, Fav.Fav_Iva%1, Fav.Fav_ImpIva%1, Fav.Fav_Rec%1, "
                             "Fav.Fav_ImpRec%1")

@@ -210,6 +210,48 @@ TEST(DisenosIncorporados, EveryShippedNameCarriesTheNamesTheIssueSets) {
     }
 }
 
+// Two objects of the invoice's totals that share any of the page: a box may
+// only hold whole texts (the band behind TOTAL FACTURA), never half of one.
+std::vector<std::string> solapesTotales(Reporte& r) {
+    std::vector<std::string> r_;
+    Seccion* pie = r.Sections.Busca(QStringLiteral("GroupFooterSection1"));
+    if (!pie) {
+        return r_;
+    }
+    std::vector<const ObjetoInforme*> o;
+    for (const ObjetoInforme& x : pie->Objetos) {
+        if (!x.Suppress && x.Tipo != TipoObjeto::Linea) {
+            o.push_back(&x);
+        }
+    }
+    const auto dentro = [](const ObjetoInforme& a, const ObjetoInforme& b) {
+        return a.Left <= b.Left && a.Top <= b.Top && a.Left + a.Width >= b.Left + b.Width &&
+               a.Top + a.Height >= b.Top + b.Height;
+    };
+    for (size_t i = 0; i < o.size(); ++i) {
+        for (size_t j = i + 1; j < o.size(); ++j) {
+            const ObjetoInforme& a = *o[i];
+            const ObjetoInforme& b = *o[j];
+            const bool cortan = a.Left < b.Left + b.Width && b.Left < a.Left + a.Width &&
+                                a.Top < b.Top + b.Height && b.Top < a.Top + a.Height;
+            const bool caja = a.Tipo == TipoObjeto::Caja || b.Tipo == TipoObjeto::Caja;
+            if (cortan && !(a.Tipo == TipoObjeto::Caja && dentro(a, b)) &&
+                !(b.Tipo == TipoObjeto::Caja && dentro(b, a)) && !(caja && a.Tipo == b.Tipo)) {
+                r_.push_back((a.Name + QStringLiteral(" / ") + b.Name).toStdString());
+            }
+        }
+    }
+    return r_;
+}
+
+TEST(DisenosIncorporados, NothingOfTheTotalsIsDrawnOverAnotherFigure) {
+    for (const Diseno& d : disenos()) {
+        SCOPED_TRACE(d.nombre);
+        std::unique_ptr<Reporte> r = CargaDiseno(q(d.nombre));
+        EXPECT_EQ(solapesTotales(*r), std::vector<std::string>{});
+    }
+}
+
 TEST(DisenosIncorporados, EveryReportOfTheTableIsShipped) {
     std::set<QString> enviados;
     for (const Diseno& d : disenos()) {

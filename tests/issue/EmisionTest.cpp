@@ -99,6 +99,23 @@ TEST_P(Emision, TheFoodDesignIssuesInvoicesWithAWithholdingThroughTheWithholding
     EXPECT_FALSE(f.PdfOutFile.isEmpty());
 }
 
+TEST_P(Emision, TheFooterDiscountAndTheWithholdingPrintAndReconcile) {
+    // 200 gross, 2,20 of per-unit discounts, 197,80 of base at 15 % of
+    // withholding: every figure on the paper, so that they add up there.
+    const qint32 c = e->cliente({.regimen = 3});
+    e->nuevaFactura(c, kHoy, {e->albaran(c, kHoy, 3, {{200, 3, 1, QDate(2026, 1, 1), 0, 2.2}})});
+    VKFACVENTAS& f = e->factura();
+    f.CalculoTotalesFactura();
+    ASSERT_TRUE(f.GrabaFactura());
+    e->ui().vistos.clear();
+    const QString texto = TextoPdf(f.CreatePdf(f.IdFactu)).simplified();
+    for (const char* cifra :
+         {"Suma 200,00", "Descuento por unidades 2,20", "197,80", "Retención IRPF 15,00 % 29,67"}) {
+        EXPECT_TRUE(texto.contains(QString::fromUtf8(cifra))) << cifra << "\n"
+                                                              << texto.toStdString();
+    }
+}
+
 TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
     const qint32 id = factura(1);
     VKFACVENTAS& f = e->factura();
