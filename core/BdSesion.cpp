@@ -326,7 +326,6 @@ bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
             *nuevoId = rs.Eof() ? 0 : rs.Fields(0).Entero();
         }
         sMensaje.clear();
-        errorConstructor_.reset();
         Limpia();
         return true;
     } catch (const ErrorBd& e) {
@@ -338,7 +337,6 @@ bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
 
 bool BdSesion::rechaza(QString& sMensaje, const QString& texto) {
     sMensaje = texto;
-    errorConstructor_.reset();
     Limpia();
     return false;
 }

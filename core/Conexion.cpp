@@ -185,14 +185,20 @@ void Conexion::CommitTrans() {
         } catch (const ErrorBd&) {
             // A commit that failed (a full disk) must not leave the work open
             // on the connection for the next statement to join.
-            try {
-                Execute(QStringLiteral("ROLLBACK"));
-            } catch (const ErrorBd&) {
-            }
+            deshazTodo();
             throw;
         }
     } else {
         Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
+    }
+}
+
+void Conexion::deshazTodo() {
+    try {
+        Execute(QStringLiteral("ROLLBACK"));
+    } catch (const ErrorBd&) {
+        // The engine already ended it (SQLite does on a full disk) or the
+        // connection is gone: either way nothing of it stands.
     }
 }
 
@@ -202,12 +208,7 @@ void Conexion::RollbackTrans() {
     }
     --nivel_;
     if (nivel_ == 0) {
-        try {
-            Execute(QStringLiteral("ROLLBACK"));
-        } catch (const ErrorBd&) {
-            // The engine already ended it (SQLite does on a full disk) or the
-            // connection is gone: either way nothing of it stands.
-        }
+        deshazTodo();
     } else {
         Execute(QStringLiteral("ROLLBACK TO SAVEPOINT vk_nivel_%1").arg(nivel_));
         Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));

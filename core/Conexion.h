@@ -54,6 +54,8 @@ private:
     // round trip on PostgreSQL and a parse on SQLite.
     QSqlQuery& preparada(const QString& sql, bool& nueva);
     QHash<QString, std::shared_ptr<QSqlQuery>> preparadas_;
+    // Ends the outermost transaction, whether or not the engine still has it.
+    void deshazTodo();
 
     QString nombre_;
     Dialecto dialecto_;

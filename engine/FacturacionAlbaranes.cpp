@@ -7,6 +7,7 @@
 
 #include <BdSesion.h>
 #include <ErrorBd.h>
+#include <Formato.h>
 #include <VKFACVENTAS.h>
 #include <algorithm>
 
@@ -14,9 +15,7 @@ namespace vk {
 
 namespace {
 
-QString ddmmyyyy(const QDate& d) {
-    return d.toString(QStringLiteral("dd/MM/yyyy"));
-}
+const QString kFormatoFecha = QStringLiteral("dd/mm/yyyy");
 
 QString numeroAlbaran(BdSesion& bd, qint32 idCav) {
     Recordset rs = bd.cn().Execute(
@@ -53,14 +52,16 @@ void rellenaCabecera(VKFACVENTAS& f, const CabeceraFactura& c, qint32 primerAlba
     }
 }
 
-// The outcome of a failure, from the error that caused it.
-ResultadoFacturacion fallo(EstadoFacturacion estado, const QString& motivo, const ErrorBd* e) {
+// The outcome of a failure, from the error that caused it; `detiene` when
+// the failure would repeat for every following invoice whatever its error.
+ResultadoFacturacion fallo(EstadoFacturacion estado, const QString& motivo, const ErrorBd* e,
+                           bool detiene = false) {
     ResultadoFacturacion r;
     r.estado = estado;
     r.motivo = motivo;
+    r.detieneEjecucion = detiene || (e && e->AfectaATodo());
     if (e) {
         r.detalle = e->Detalle();
-        r.detieneEjecucion = e->AfectaATodo();
     }
     return r;
 }
@@ -75,10 +76,8 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
         return fallo(E::NoHecha, mensajes::kFaltaSerie, nullptr);
     }
     if (!fnFechaFacturaAdmisible(c.fecha)) {
-        ResultadoFacturacion r =
-            fallo(E::NoHecha, mensajes::kFechaFueraDeRango.arg(ddmmyyyy(c.fecha)), nullptr);
-        r.detieneEjecucion = true;
-        return r;
+        return fallo(E::NoHecha, mensajes::kFechaFueraDeRango.arg(Format(c.fecha, kFormatoFecha)),
+                     nullptr, true);
     }
     BdSesion& bd = f.MyBd();
     Conexion& cn = bd.cn();
@@ -94,9 +93,7 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
             id = f.NuevaFactura(o.nTipo);
         } catch (const ErrorBd& e) {
             // The series or the database refuses every invoice alike.
-            ResultadoFacturacion n = fallo(E::NoHecha, e.Mensaje(), &e);
-            n.detieneEjecucion = true;
-            return n;
+            return fallo(E::NoHecha, e.Mensaje(), &e, true);
         }
         f.IdFactu = id;
         if (id == 0) {
@@ -118,14 +115,11 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
         // NuevaFactura holds, so that no invoice of another user can slip a
         // later date in between the check and this number. The new row's own
         // date cannot fail the check, so the series' plain maximum serves.
-        Recordset ultima = cn.Execute(
-            QStringLiteral("SELECT MAX(Fav_Fecha) FROM Fav WHERE Fav_Serie = ?"), {c.serie});
-        if (!ultima.Eof() && !ultima.Fields(0).IsNull() && c.fecha < ultima.Fields(0).Fecha()) {
+        if (const QDate ultima = fnUltimaFechaSerie(bd, c.serie);
+            ultima.isValid() && c.fecha < ultima) {
             t.Deshaz();
-            ResultadoFacturacion n = fallo(
-                E::NoHecha, mensajes::kFechaInferior + ddmmyyyy(ultima.Fields(0).Fecha()), nullptr);
-            n.detieneEjecucion = true;
-            return n;
+            return fallo(E::NoHecha, mensajes::kFechaInferior + Format(ultima, kFormatoFecha),
+                         nullptr, true);
         }
 
         // A note is linked only while it is still pending: another user's run
@@ -172,9 +166,7 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
             if (!e) {
                 // The connection was found dead: no invoice after this one can
                 // be saved either.
-                ResultadoFacturacion n = fallo(E::NoHecha, mensajes::kConexionPerdida, nullptr);
-                n.detieneEjecucion = true;
-                return n;
+                return fallo(E::NoHecha, mensajes::kConexionPerdida, nullptr, true);
             }
             return fallo(E::NoHecha, mensajes::kFacturaNoGrabada.arg(e->Mensaje()), &*e);
         }
@@ -195,9 +187,7 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
     } catch (const ErrorBd& e) {
         // The transaction itself failed (begin, link, commit): it is undone.
         f.IdFactu = 0;
-        ResultadoFacturacion n = fallo(E::NoHecha, e.Mensaje(), &e);
-        n.factura.clear();
-        return n;
+        return fallo(E::NoHecha, e.Mensaje(), &e);
     }
 }
 
