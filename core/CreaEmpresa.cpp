@@ -13,6 +13,11 @@ using esquema::Catalogo;
 
 namespace {
 
+// The version that brought the legal mentions of the tax regimes. They are
+// seeded only by the step up to it: after that they are the installation's,
+// and a mention it deleted is not brought back by the next run.
+constexpr int kVersionMencionesIva = 3;
+
 // Table name as written in DDL, and the schema it lives in.
 struct Destino {
     QString prefijo;   // "vkcomun." or ""
@@ -205,6 +210,9 @@ ResumenCreacion CreaEmpresa(BdSesion& s) {
         Transaccion t(s.cn());
         const int anterior = versionYCreacion(s, Catalogo::Comun, r);
         r.filasSemilla += SiembraDatosComunes(s);
+        if (anterior < kVersionMencionesIva) {
+            r.filasSemilla += SiembraMencionesIva(s);
+        }
         t.Confirma();
         r.lineas << (anterior == 0 ? QStringLiteral("Catálogo común vkcomun creado.")
                                    : QStringLiteral("Catálogo común vkcomun al día."));

@@ -13,6 +13,7 @@ namespace vk::esquema {
 // Column kinds by use. The DDL type of each kind depends on the backend.
 enum class Tipo {
     Clave,      // identity primary key (INTEGER PRIMARY KEY AUTOINCREMENT / IDENTITY)
+    Codigo,     // primary key whose values the rows are written with (a fixed code)
     Id,         // reference to another table's key (32-bit)
     Entero,     // whole number, codes, counters
     Booleano,   // 0, 1 or -1 as the suite writes it; read as "not 0"

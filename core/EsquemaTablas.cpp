@@ -957,6 +957,17 @@ std::vector<Tabla> tablasComun() {
              {"TVI_COD", Tipo::Texto},
              {"TVI_NOM", Tipo::Texto},
          }},
+        // The legal mention an invoice carries for each tax regime that needs
+        // one: the reason it is exempt or not subject. Seeded once; from then
+        // on the installation's own data.
+        {"MENIVA",
+         Catalogo::Comun,
+         {
+             // The Tiva_Reg of TIVAS.
+             {"MenIva_Reg", Tipo::Codigo},
+             // Up to 120 characters: two lines of a text layout's foot.
+             {"MenIva_Texto", Tipo::Texto},
+         }},
         // Coded values by process and language (0 Spanish): 1 receipt states,
         // 2 receipt modes, 4 billing periods.
         {"Situaciones",

@@ -146,6 +146,11 @@ int SiembraDatosComunes(BdSesion& s) {
     return anadidas;
 }
 
+int SiembraMencionesIva(BdSesion& s) {
+    return siembra(
+        s, {":/semilla/menciones-iva.csv", "MENIVA", {QStringLiteral("MenIva_Reg")}, {}, {}});
+}
+
 void SiembraDatosEmpresa(BdSesion& s) {
     if (!s.cn().Execute(QStringLiteral("SELECT 1 FROM Parametros")).Eof()) {
         return;

@@ -1,6 +1,7 @@
 // Reference data every company is born with: the Spanish tax rows with their
-// history, provinces, countries, street types and coded situations, plus the
-// first user and the company's parameter row.
+// history, provinces, countries, street types and coded situations, the legal
+// mentions of the exempt regimes, plus the first user and the company's
+// parameter row.
 #pragma once
 
 #include "BdSesion.h"
@@ -10,6 +11,10 @@ namespace vk {
 // Adds the rows of the shared catalog that are missing (matched by their
 // natural key, so a second run adds nothing). Returns the rows added.
 int SiembraDatosComunes(BdSesion& s);
+
+// The legal mentions of the tax regimes (vkcomun.MENIVA) whose regime has no
+// row yet; a row that exists keeps its text. Returns the rows added.
+int SiembraMencionesIva(BdSesion& s);
 
 // The company's one Parametros row, when it has none.
 void SiembraDatosEmpresa(BdSesion& s);

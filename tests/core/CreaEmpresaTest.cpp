@@ -92,6 +92,57 @@ TEST_P(Creacion, UpgradeAddsWhatAnOlderCatalogLacks) {
     EXPECT_THROW(CreaEmpresa(*s), ErrorBd);
 }
 
+// The legal mentions of the regimes are seeded by the step to the version
+// that brought them, on a new catalog and on an older one, and from then on
+// are the installation's: a changed text stays, a deleted row stays deleted.
+TEST_P(Creacion, LegalMentionsAreSeededOnceAndThenBelongToTheInstallation) {
+    auto s = base->CreaEmpresa();
+    const auto menciones = [&] {
+        QStringList r;
+        for (Recordset rs = s->cn().Execute(QStringLiteral(
+                 "SELECT MenIva_Reg, MenIva_Texto FROM vkcomun.MENIVA ORDER BY MenIva_Reg"));
+             !rs.Eof(); rs.MoveNext()) {
+            r << QString::number(rs.Fields(0).Entero()) + QLatin1Char(' ') + rs.Fields(1).Texto();
+        }
+        return r;
+    };
+    const QStringList sembradas{QStringLiteral("5 Exenta art. 21 Ley 37/1992"),
+                                QStringLiteral("6 Exenta art. 25 Ley 37/1992"),
+                                QStringLiteral("7 Inversión del sujeto pasivo")};
+    EXPECT_EQ(menciones(), sembradas);
+    // The regime is the key.
+    EXPECT_THROW(s->cn().Execute(QStringLiteral("INSERT INTO vkcomun.MENIVA (MenIva_Reg, "
+                                                "MenIva_Texto) VALUES (?, ?)"),
+                                 {5, QStringLiteral("otra")}),
+                 ErrorBd);
+
+    s->cn().Execute(
+        QStringLiteral("UPDATE vkcomun.MENIVA SET MenIva_Texto = ? WHERE MenIva_Reg = ?"),
+        {QStringLiteral("Exportación exenta"), 5});
+    s->cn().Execute(QStringLiteral("DELETE FROM vkcomun.MENIVA WHERE MenIva_Reg = 7"));
+    EXPECT_EQ(CreaEmpresa(*s).filasSemilla, 0);
+    EXPECT_EQ(menciones(), (QStringList{QStringLiteral("5 Exportación exenta"), sembradas[1]}));
+
+    // A shared catalog of version 2 that an installation had already given
+    // a text of its own: the step adds the regimes missing and keeps it.
+    s->cn().Execute(QStringLiteral("DELETE FROM vkcomun.MENIVA WHERE MenIva_Reg = 6"));
+    s->cn().Execute(QStringLiteral("UPDATE vkcomun.VersionEsquema SET Ver_Numero = 2"));
+    ResumenCreacion r = CreaEmpresa(*s);
+    EXPECT_EQ(r.filasSemilla, 2);
+    EXPECT_EQ(menciones(),
+              (QStringList{QStringLiteral("5 Exportación exenta"), sembradas[1], sembradas[2]}));
+
+    // A shared catalog of version 2 without the table: created and seeded.
+    s->cn().Execute(QStringLiteral("DROP TABLE vkcomun.MENIVA"));
+    s->cn().Execute(QStringLiteral("UPDATE vkcomun.VersionEsquema SET Ver_Numero = 2"));
+    r = CreaEmpresa(*s);
+    EXPECT_EQ(r.tablasCreadas, 1);
+    EXPECT_EQ(r.filasSemilla, 3);
+    EXPECT_EQ(menciones(), sembradas);
+    EXPECT_EQ(cuenta(*s, QStringLiteral("SELECT MAX(Ver_Numero) FROM vkcomun.VersionEsquema")),
+              kVersionEsquema);
+}
+
 TEST_P(Creacion, RowsFromOtherProgramsGetDefaults) {
     auto s = base->CreaEmpresa();
     // Another program of the suite writes a note and a line with the columns it knows.
