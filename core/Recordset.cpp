@@ -134,6 +134,22 @@ Campo Recordset::Fields(int i) const {
     return Campo(*this, i);
 }
 
+void Recordset::AnadeCampo(const QString& nombre, std::vector<QVariant> valores) {
+    if (valores.size() != filas_.size()) {
+        throw ErrorBd(QStringLiteral("El campo «%1» trae %2 valores para %3 registros.")
+                          .arg(nombre)
+                          .arg(valores.size())
+                          .arg(filas_.size()));
+    }
+    if (indice(nombre) >= 0) {
+        throw ErrorBd(QStringLiteral("El campo «%1» ya existe en el resultado.").arg(nombre));
+    }
+    nombres_ << nombre;
+    for (std::size_t i = 0; i < filas_.size(); ++i) {
+        filas_[i].push_back(std::move(valores[i]));
+    }
+}
+
 int Recordset::indice(const QString& nombre) const {
     const QString buscado = nombre.trimmed();
     for (int i = 0; i < nombres_.size(); ++i) {

@@ -67,6 +67,11 @@ public:
     bool TieneCampo(const QString& nombre) const { return indice(nombre) >= 0; }
     const QStringList& NombresCampos() const { return nombres_; }
 
+    // Adds a column whose values the reader works out after the read, one per
+    // row in the rows' order. Throws ErrorBd when the count differs or the
+    // name is taken.
+    void AnadeCampo(const QString& nombre, std::vector<QVariant> valores);
+
     void Close() {}
 
 private:

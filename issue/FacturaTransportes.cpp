@@ -201,9 +201,8 @@ DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids) {
             }
         }
     }
-    d.filas = cn.Execute(fnSqlFacturas(bd) +
-                             QStringLiteral(" WHERE Fav.Fav_Id IN (%1)").arg(marcas) + ordenFilas,
-                         p);
+    d.filas = LeeFilasFacturasDonde(
+        bd, QStringLiteral(" WHERE Fav.Fav_Id IN (%1)").arg(marcas) + ordenFilas, p);
 
     QString sql = sqlViajes().arg(marcas);
     QVariantList pv = p + p;

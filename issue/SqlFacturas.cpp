@@ -1,6 +1,8 @@
 #include "SqlFacturas.h"
 
 #include <QStringList>
+#include <map>
+#include <vector>
 
 namespace vk {
 
@@ -82,7 +84,8 @@ QString fnSqlFacturas(BdSesion& bd) {
       << QStringLiteral("Lav.Lav_Tiva, COALESCE(Cav.Cav_NCom, '') AS CliNComer, Lav.Lav_IdObra, "
                         "Lav.lav_idparte AS Lav_IdParte, Fav.Fav_Fatencion, t.Tiva_Iva, "
                         "t.Tiva_Rec, (Lav.Lav_Precio + (Lav.Lav_Precio * t.Tiva_Iva / 100) + "
-                        "(Lav.Lav_Precio * t.Tiva_Rec / 100)) AS PVP")
+                        "(Lav.Lav_Precio * t.Tiva_Rec / 100)) AS PVP, t.Tiva_Reg, "
+                        "mi.MenIva_Texto")
       << QStringLiteral("Fav.Fav_PRetNf, Fav.Fav_IRetNf, Fav.Fav_Liquido, Lav.Lav_Cantidad, "
                         "Lav.Lav_Medida, Lav.Lav_Imprimir")
       << QStringLiteral("(SELECT partes_alta FROM Partes WHERE partes_id = Lav.lav_idparte) "
@@ -104,7 +107,8 @@ QString fnSqlFacturas(BdSesion& bd) {
                   QStringLiteral(" FROM Fav INNER JOIN Cav ON Fav.Fav_Id = Cav.Cav_IdFactura"
                                  " INNER JOIN Lav ON Cav.Cav_Id = Lav.Lav_IdCav"
                                  " LEFT JOIN Veh ON Cav.Cav_idveh = Veh.veh_id"
-                                 " LEFT JOIN vkcomun.TIVAS t ON t.Tiva_Id = Lav.Lav_Tiva ");
+                                 " LEFT JOIN vkcomun.TIVAS t ON t.Tiva_Id = Lav.Lav_Tiva"
+                                 " LEFT JOIN vkcomun.MENIVA mi ON mi.MenIva_Reg = t.Tiva_Reg ");
     // CR LF as literal characters of the statement: both engines take them
     // inside a string literal, and neither shares a CHAR() function.
     sql.replace(QStringLiteral("CHAR_CRLF"), QStringLiteral("'\r\n'"));
@@ -116,6 +120,40 @@ QString MarcadoresSql(qsizetype n) {
 }
 
 namespace {
+
+// MencionIva: the mentions of the regimes of an invoice's lines, each text
+// once, in regime order, joined by ". "; the same on every row of the
+// invoice. Worked out from the line's own mention after the read: in the
+// statement it would be a correlated aggregate run again for every line of
+// the invoice, and the two engines share no ordered string aggregate.
+void anadeMencionIva(Recordset& rs) {
+    std::map<qint64, std::map<qint64, QString>> porFactura; // invoice -> regime -> text
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        const QString texto = rs.Fields(QStringLiteral("MenIva_Texto")).Texto().trimmed();
+        if (!texto.isEmpty()) {
+            porFactura[rs.Fields(QStringLiteral("Fav_Id")).Entero()]
+                      [rs.Fields(QStringLiteral("Tiva_Reg")).Entero()] = texto;
+        }
+    }
+    std::map<qint64, QString> mencion;
+    for (const auto& [factura, regimenes] : porFactura) {
+        QStringList textos;
+        for (const auto& [regimen, texto] : regimenes) {
+            if (!textos.contains(texto)) {
+                textos << texto;
+            }
+        }
+        mencion[factura] = textos.join(QStringLiteral(". "));
+    }
+    std::vector<QVariant> valores;
+    valores.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        const auto m = mencion.find(rs.Fields(QStringLiteral("Fav_Id")).Entero());
+        valores.emplace_back(m == mencion.end() ? QStringLiteral("") : m->second);
+    }
+    rs.AnadeCampo(QStringLiteral("MencionIva"), std::move(valores));
+    rs.MoveFirst();
+}
 
 // "?, ?, ?" and the ids to bind to it.
 QString marcadores(const QVector<qint32>& ids, QVariantList& params) {
@@ -132,11 +170,16 @@ Recordset LeeFilasFacturas(BdSesion& bd, const QVector<qint32>& ids) {
         return {};
     }
     QVariantList params;
-    const QString sql =
-        fnSqlFacturas(bd) + QStringLiteral(" WHERE Fav.Fav_Id IN (%1) ORDER BY Cav.Cav_Fecha, "
-                                           "Cav.Cav_Serie, Cav.Cav_Numero, Lav.Lav_Orden")
-                                .arg(marcadores(ids, params));
-    return bd.cn().Execute(sql, params);
+    const QString resto = QStringLiteral(" WHERE Fav.Fav_Id IN (%1) ORDER BY Cav.Cav_Fecha, "
+                                         "Cav.Cav_Serie, Cav.Cav_Numero, Lav.Lav_Orden")
+                              .arg(marcadores(ids, params));
+    return LeeFilasFacturasDonde(bd, resto, params);
+}
+
+Recordset LeeFilasFacturasDonde(BdSesion& bd, const QString& resto, const QVariantList& params) {
+    Recordset rs = bd.cn().Execute(fnSqlFacturas(bd) + resto, params);
+    anadeMencionIva(rs);
+    return rs;
 }
 
 Recordset LeeTiposIva(BdSesion& bd) {

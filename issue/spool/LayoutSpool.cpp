@@ -7,6 +7,7 @@
 #include <Interaccion.h>
 #include <MensajesEmision.h>
 #include <SqlFacturas.h>
+#include <utility>
 
 namespace vk::spool {
 
@@ -24,6 +25,7 @@ Estacionario EstacionarioBase(const Figuras& f) {
         {"sangriaIva", 27},         // VAT rows of slots 2 and 3
         {"sangriaDto2", 12},         {"anchoIva", 4},
         {"lineasHuecoIva", 3}, // the payment block always starts on the same line
+        {"anchoMencion", 80},  // lines of the VAT mention in the foot
     };
 }
 
@@ -53,6 +55,32 @@ QString Centrado(const QString& titulo, int ancho) {
            QString(faltan - faltan / 2, QLatin1Char('-'));
 }
 
+QStringList LineasMencionIva(const Recordset& rs, int ancho, const QString& codigoPagina) {
+    const QString texto = TrimBlancos(
+        AjustaCodigoPagina(rs.Fields(QStringLiteral("MencionIva")).Texto(), codigoPagina));
+    if (texto.isEmpty()) {
+        return {};
+    }
+    const int n = std::max(ancho, 1);
+    QStringList lineas;
+    for (const QString& trozo : PartePalabras(texto, n, static_cast<int>(texto.size()))) {
+        for (qsizetype i = 0; i < trozo.size(); i += n) {
+            lineas << trozo.mid(i, n);
+        }
+    }
+    return lineas;
+}
+
+void HuecoConMencion(const std::function<void(const QString&)>& escribe, int n,
+                     QStringList& mencion) {
+    // A legal text is read whole: one that does not fit is not split across
+    // the blocks of the foot.
+    const QStringList aqui = mencion.size() <= n ? std::exchange(mencion, {}) : QStringList();
+    for (int i = 0; i < n; ++i) {
+        escribe(aqui.value(i));
+    }
+}
+
 LayoutSpool::LayoutSpool(Figuras figuras) : fig_(std::move(figuras)) {
     Estacionario e = EstacionarioBase(fig_);
     for (const QString& nombre : fig_.estacionario.Nombres()) {
@@ -63,8 +91,8 @@ LayoutSpool::LayoutSpool(Figuras figuras) : fig_(std::move(figuras)) {
 
 LayoutSpool::~LayoutSpool() = default;
 
-QString LayoutSpool::Sql(qsizetype nIds) const {
-    return fnSqlFacturas(Bd()) + QStringLiteral(" WHERE Fav.Fav_Id IN (") + MarcadoresSql(nIds) +
+QString LayoutSpool::Donde(qsizetype nIds) const {
+    return QStringLiteral(" WHERE Fav.Fav_Id IN (") + MarcadoresSql(nIds) +
            QStringLiteral(") ORDER BY ") + fig_.orden;
 }
 
@@ -83,7 +111,7 @@ void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         for (const qint32 id : vIds) {
             ids << id;
         }
-        rs_ = Bd().cn().Execute(Sql(vIds.size()), ids);
+        rs_ = LeeFilasFacturasDonde(Bd(), Donde(vIds.size()), ids);
         if (rs_.RecordCount() == 0) {
             Ui().PunteroEspera(false);
             return;
@@ -181,7 +209,14 @@ void LayoutSpool::Pie() {
     // The cursor stands on the next invoice or at EOF: the foot reads the
     // invoice that ended from its last row.
     rs_.MovePrevious();
+    mencion_ = LineasMencionIva(rs_, E("anchoMencion"), codigoPagina_);
     Totales();
+    // A mention the gap had no room for: after the foot's last line, where
+    // the form already takes a varying number of due dates.
+    for (const QString& linea : std::as_const(mencion_)) {
+        Escribe(linea);
+    }
+    mencion_.clear();
     rs_.MoveNext();
 }
 
@@ -380,10 +415,14 @@ void LayoutSpool::BloquePagos() {
     }
 }
 
+void LayoutSpool::Hueco(int n) {
+    HuecoConMencion([this](const QString& texto) { Escribe(texto); }, n, mencion_);
+}
+
 void LayoutSpool::Totales() {
     int usadas = 0;
     TablaIva(usadas);
-    Blancos(E("lineasHuecoIva") - usadas);
+    Hueco(E("lineasHuecoIva") - usadas);
     BloquePagos();
 }
 

@@ -14,6 +14,7 @@
 #include <QVector>
 #include <Recordset.h>
 #include <VKFACVENTAS.h>
+#include <functional>
 #include <memory>
 
 namespace vk::spool {
@@ -72,6 +73,9 @@ protected:
     void TablaIva(int& usadas); // rows of slots 1 to 3 and the second discount
     QString FilaIva(int slot) const;
     void BloquePagos();
+    // The n blank lines of a gap of the foot that keeps the next block on its
+    // line; the first of them carry the invoice's VAT mention.
+    void Hueco(int n);
 
     // ---- writing ----
     void Envia(const QString& texto);        // printline as it stands
@@ -118,9 +122,12 @@ protected:
     QString sMascara;
     bool bSaltoHecho = false; // the page already ended with its form feed
     QString codigoPagina_;    // the printer's, read when the run starts
+    // Lines of the ended invoice's VAT mention not printed yet: a gap of the
+    // foot with room for them all takes them, or they follow the foot.
+    QStringList mencion_;
 
 private:
-    QString Sql(qsizetype nIds) const;
+    QString Donde(qsizetype nIds) const; // WHERE and ORDER BY of the rows
     void Recorre();
     void Pie();
 
@@ -137,5 +144,18 @@ QStringList PartePalabras(const QString& texto, int ancho, int maxTrozos);
 
 // A title centred in a run of dashes of that width ("---CONCEPTO---").
 QString Centrado(const QString& titulo, int ancho);
+
+// The invoice's legal VAT mention (MencionIva of the row) in the code page,
+// broken at blanks into lines of at most `ancho` (a longer word is cut into
+// lines of that width); none when the invoice has no mention.
+QStringList LineasMencionIva(const Recordset& rs, int ancho, const QString& codigoPagina);
+
+// The n blank lines of a gap of the foot (none for n <= 0), so that what
+// follows the gap stays on its line. When the lines of the mention fit in
+// the gap they take its first lines and leave the list; otherwise they stay
+// for the caller to print after the foot. `escribe` sends a text and its
+// line end.
+void HuecoConMencion(const std::function<void(const QString&)>& escribe, int n,
+                     QStringList& mencion);
 
 } // namespace vk::spool

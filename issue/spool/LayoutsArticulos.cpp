@@ -232,7 +232,7 @@ private:
                 QLatin1Char(' ') + Cifra(impuestos, QStringLiteral("###,##0.00"), 12) +
                 QLatin1Char(' ') + CifraSi(D("Fav_ImpRet"), QStringLiteral("###,##0.00"), 12) +
                 QLatin1Char(' ') + Cifra(D("Fav_Total"), QStringLiteral("##,###,##0.00"), 14));
-        Blancos(E("lineasHuecoIva") - 1);
+        Hueco(E("lineasHuecoIva") - 1);
         BloquePagos();
     }
 };
@@ -277,7 +277,7 @@ private:
                 usadas += slot > 1 ? 1 : 0;
             }
         }
-        Blancos(E("lineasHuecoIva") - usadas);
+        Hueco(E("lineasHuecoIva") - usadas);
         BloquePagos();
     }
 };

@@ -77,8 +77,8 @@ private:
     }
     void Relleno() override {} // msPieFacturaIva fills the page itself
     void Totales() override {
-        msPieFacturaIva([this](const QString& t) { Envia(t); }, rs_, nLinea, nLimite,
-                        codigoPagina_);
+        msPieFacturaIva([this](const QString& t) { Envia(t); }, rs_, nLinea, nLimite, codigoPagina_,
+                        mencion_);
     }
 };
 
@@ -290,7 +290,7 @@ private:
     void Totales() override {
         Escribe(Cifra(D("Fav_Bruto"), QStringLiteral("####,##0.00"), 11) + Espacios(6) +
                 FilaIva(1) + Cifra(D("Fav_Total"), QStringLiteral("##,###,##0.00"), 14));
-        Blancos(E("lineasHuecoIva"));
+        Hueco(E("lineasHuecoIva"));
         Escribe(T("Fav_Obs"));
     }
 };
@@ -353,7 +353,7 @@ private:
                 Cifra(D("Fav_Total"), QStringLiteral("##,###,##0.00"), 14));
         Escribe(QStringLiteral("XX    ") + QStringLiteral("= IVA ") +
                 Format(D("Fav_Iva1"), QStringLiteral("#0")) + QStringLiteral("%"));
-        Blancos(E("lineasHuecoIva") - 1);
+        Hueco(E("lineasHuecoIva") - 1);
         BloquePagos();
     }
 };

@@ -144,7 +144,7 @@ private:
     void Totales() override {
         Escribe(Espacios(E("sangriaIva")) + QStringLiteral("TOTAL FACTURA EUROS: ") +
                 Cifra(D("Fav_Total"), QStringLiteral("##,###,##0.00"), 14));
-        Blancos(E("lineasHuecoIva"));
+        Hueco(E("lineasHuecoIva"));
         BloquePagos();
     }
 };
@@ -176,7 +176,7 @@ private:
                     Cifra(D("Fav_Liquido"), QStringLiteral("##,###,##0.00"), 14));
             ++usadas;
         }
-        Blancos(E("lineasHuecoIva") - usadas);
+        Hueco(E("lineasHuecoIva") - usadas);
         BloquePagos();
     }
 };

@@ -1,6 +1,7 @@
 #include "PieFacturaIva.h"
 
 #include "Columnas.h"
+#include "LayoutSpool.h"
 
 #include <Formato.h>
 #include <QStringList>
@@ -8,7 +9,7 @@
 namespace vk::spool {
 
 void msPieFacturaIva(const std::function<void(const QString&)>& printline, const Recordset& rs,
-                     int nLinea, int nLimite, const QString& codigoPagina) {
+                     int nLinea, int nLimite, const QString& codigoPagina, QStringList& mencion) {
     const auto escribe = [&printline](const QString& texto) { printline(texto + kFinLinea); };
     const auto d = [&rs](const QString& nombre) { return rs.Fields(nombre).Doble(); };
     const auto importe = [](double v, int ancho) {
@@ -56,9 +57,7 @@ void msPieFacturaIva(const std::function<void(const QString&)>& printline, const
             ++usadas;
         }
     }
-    for (int i = usadas; i < 2; ++i) {
-        printline(kFinLinea);
-    }
+    HuecoConMencion(escribe, 2 - usadas, mencion);
 
     escribe(QStringLiteral("---------------CONDICIONES DE PAGO---------------  "
                            "--------------VENCIMIENTOS--------------"));

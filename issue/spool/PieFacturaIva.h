@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <Recordset.h>
 #include <functional>
 
@@ -11,8 +12,10 @@ namespace vk::spool {
 
 // rs stands on a row of the invoice that ended; printline sends text as it
 // stands. Fills with line ends from nLinea up to nLimite + 3 first. Texts
-// are measured in codigoPagina, the printer's.
+// are measured in codigoPagina, the printer's. The lines of the VAT mention
+// go to the free lines under the VAT table when they all fit there, and then
+// leave `mencion`; otherwise the caller prints them after the foot.
 void msPieFacturaIva(const std::function<void(const QString&)>& printline, const Recordset& rs,
-                     int nLinea, int nLimite, const QString& codigoPagina);
+                     int nLinea, int nLimite, const QString& codigoPagina, QStringList& mencion);
 
 } // namespace vk::spool

@@ -6,12 +6,14 @@
 
 #include <EmisionInforme.h>
 #include <EmpresaDemo.h>
+#include <FacturaTransportes.h>
 #include <Formato.h>
 #include <OpcionesInforme.h>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <SqlFacturas.h>
+#include <map>
 
 namespace vk::prueba {
 namespace {
@@ -87,6 +89,57 @@ TEST_P(FilasFacturas, OneRowPerLineWithAddressAndPaymentText) {
                                    tmp.filePath(QStringLiteral("v.pdf")), {}),
               QString());
     EXPECT_FALSE(QFile::exists(tmp.filePath(QStringLiteral("v.pdf"))));
+}
+
+// MencionIva: the installation's mentions of the regimes of the invoice's
+// lines, each once and in regime order, the same on every row of the
+// invoice, also for the readers with an order of their own.
+TEST_P(FilasFacturas, VatMentionFollowsTheRegimesOfTheLines) {
+    EmpresaPrueba e(GetParam());
+    const qint32 c = e.cliente();
+    const qint32 normal = e.nuevaFactura(c, kDia, {e.albaran(c, kDia, 1, {{100}, {50, 1, 4}})});
+    const qint32 exporta =
+        e.nuevaFactura(c, kDia, {e.albaran(c, kDia, 5, {{100, 5, 4}, {40, 5, 4}})});
+    // Regime 6 first and twice, regime 5 between, a general line last.
+    const qint32 mixta = e.nuevaFactura(
+        c, kDia, {e.albaran(c, kDia, 1, {{10, 6, 4}, {20, 5, 4}, {5, 6, 4}, {30, 1, 1}})});
+    const auto menciones = [&] {
+        std::map<qint64, QStringList> r;
+        for (Recordset rs = LeeFilasFacturas(e.bd(), {normal, exporta, mixta}); !rs.Eof();
+             rs.MoveNext()) {
+            r[rs.Fields(QStringLiteral("Fav_Id")).Entero()]
+                << rs.Fields(QStringLiteral("MencionIva")).Texto(QStringLiteral("nulo"));
+        }
+        return r;
+    };
+    const QString art21 = QStringLiteral("Exenta art. 21 Ley 37/1992");
+    const QString art25 = QStringLiteral("Exenta art. 25 Ley 37/1992");
+    auto m = menciones();
+    EXPECT_EQ(m[normal], QStringList(2, QString()));
+    EXPECT_EQ(m[exporta], QStringList(2, art21));
+    EXPECT_EQ(m[mixta], QStringList(4, art21 + QStringLiteral(". ") + art25));
+
+    // The installation's own text, and a regime it adds.
+    e.cn().Execute(
+        QStringLiteral("UPDATE vkcomun.MENIVA SET MenIva_Texto = ? WHERE MenIva_Reg = ?"),
+        {QStringLiteral("Exportación exenta (art. 21 LIVA)"), 5});
+    e.cn().Execute(
+        QStringLiteral("INSERT INTO vkcomun.MENIVA (MenIva_Reg, MenIva_Texto) VALUES (?, ?)"),
+        {1, QStringLiteral("Régimen general")});
+    m = menciones();
+    EXPECT_EQ(m[normal], QStringList(2, QStringLiteral("Régimen general")));
+    EXPECT_EQ(m[exporta], QStringList(2, QStringLiteral("Exportación exenta (art. 21 LIVA)")));
+    EXPECT_EQ(m[mixta], QStringList(4, QStringLiteral("Régimen general. Exportación exenta (art. "
+                                                      "21 LIVA). ") +
+                                           art25));
+
+    // The works family reads these rows as they are; the transport family
+    // with its own order gets the column too.
+    e.cn().Execute(QStringLiteral("DELETE FROM vkcomun.MENIVA WHERE MenIva_Reg = 1"));
+    const DatosTransportes t = LeeDatosTransportes(e.bd(), {mixta});
+    ASSERT_EQ(t.filas.RecordCount(), 4);
+    EXPECT_EQ(t.filas.Fields(QStringLiteral("MencionIva")).Texto(),
+              QStringLiteral("Exportación exenta (art. 21 LIVA). ") + art25);
 }
 
 // The food design's subreports: every VAT rate, and the components of the
@@ -285,6 +338,40 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
     EXPECT_FALSE(t.contains(QStringLiteral("Albarán ")));
     EXPECT_FALSE(t.contains(QStringLiteral("Vencimientos")));
     EXPECT_FALSE(t.simplified().contains(sTextoLOPD.simplified().left(30)));
+}
+
+// The demo's export customers (regime 5) get the export mention on their
+// invoices; the others get none.
+TEST_P(FacturasDemo, ExportInvoicesCarryTheirLegalMention) {
+    BasePrueba base(GetParam());
+    auto s = base.CreaEmpresa();
+    CreaDatosDemo(*s);
+    suite::RegistraComponentesSuite();
+    VKFACVENTAS f;
+    f.setMyBd(*s);
+    InteraccionGuion ui;
+    ui.ResponderSiSiempre(true);
+    const UsaInteraccion puerto(ui);
+    const std::vector<qint32> facturas = FacturaPendientesDemo(f, ui);
+    ASSERT_FALSE(facturas.empty());
+    int exportaciones = 0;
+    for (Recordset rs = LeeFilasFacturas(*s, QVector<qint32>(facturas.begin(), facturas.end()));
+         !rs.Eof(); rs.MoveNext()) {
+        const qint64 regimen =
+            s->cn()
+                .Execute(QStringLiteral("SELECT Cli_Reg FROM Cli WHERE CLI_ID = ?"),
+                         {rs.Fields(QStringLiteral("Fav_IdCli")).Value()})
+                .Fields(0)
+                .Entero();
+        const QString mencion = rs.Fields(QStringLiteral("MencionIva")).Texto();
+        if (regimen == 5) {
+            ++exportaciones;
+            EXPECT_EQ(mencion, QStringLiteral("Exenta art. 21 Ley 37/1992"));
+        } else {
+            EXPECT_EQ(mencion, QString()) << regimen;
+        }
+    }
+    EXPECT_GT(exportaciones, 0);
 }
 
 VK_EN_AMBOS_MOTORES(FilasFacturas);
