@@ -77,11 +77,20 @@ public:
     ResultadoRender Ejecuta();
 
 private:
+    // How far an object of a section instance moves down and grows: a text
+    // that grows pushes down what stands below it in its own column, and a
+    // box grows round what it holds, so a long address or remark never runs
+    // under the next object.
+    struct Ajuste {
+        int baja = 0;
+        int crece = 0;
+    };
     struct Colocada {
         const Seccion* s;
         int fila;
         int top;
         int alto;
+        std::vector<Ajuste> ajustes; // one per object of the section
     };
     struct Pagina {
         std::vector<Colocada> items;
@@ -115,11 +124,13 @@ private:
     }
 
     // --- layout ---
-    int alto(const Seccion& s, int fila) const;
+    // The section instance measured for the row, its top still to be set.
+    Colocada mide(const Seccion& s, int fila) const;
+    int crecimiento(const ObjetoInforme& o, int fila) const;
     std::vector<const Seccion*> deTipo(TipoSeccion t, int nivel = -1) const;
     int nivel(const Seccion& s) const;
     void nuevaPagina(int fila);
-    void coloca(const Seccion& s, int fila, int h);
+    void coloca(Colocada c);
     void emite(const Seccion& s, int fila);
     void cierraGrupos(int desde, int fila);
     int altoPie() const;
@@ -136,8 +147,8 @@ private:
         pinta(p, c, info, r_.LeftMargin);
     }
     void pinta(QPainter& p, const Colocada& c, const InfoPagina& info, double x0) const;
-    void pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0, int extra,
-                     const InfoPagina& info) const;
+    void pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0,
+                     const Ajuste& a, const InfoPagina& info) const;
 
     Reporte& r_;
     const DatosInforme& d_;
@@ -150,6 +161,18 @@ private:
     bool forzarPagina_ = false;
     int activos_ = 0;   // group levels whose header has been printed
     int instancia_ = 0; // instance of the page-numbering group
+    // Where painting reports to, shared with the subreports' painters.
+    mutable std::vector<Pintado>* pintados_ = nullptr;
+    mutable int pagina_ = 0;
+
+    void anota(Pintado::Clase clase, const ObjetoInforme& o, const QString& t,
+               const QRectF& dispositivo) const {
+        if (pintados_ != nullptr) {
+            pintados_->push_back({clase, o.Name, o.Texto, t, pagina_,
+                                  QRectF(dispositivo.left() / k_, dispositivo.top() / k_,
+                                         dispositivo.width() / k_, dispositivo.height() / k_)});
+        }
+    }
 };
 
 int Maquetador::nivel(const Seccion& s) const {
@@ -261,33 +284,82 @@ int Maquetador::banderas(const ObjetoInforme& o, const QVariant& v) const {
     return f;
 }
 
-int Maquetador::alto(const Seccion& s, int fila) const {
-    int extra = 0;
-    const InfoPagina info;
-    for (const ObjetoInforme& o : s.Objetos) {
-        if (o.Tipo == TipoObjeto::Subinforme && visible(o, fila)) {
-            int h = 0;
-            for (const Colocada& c : maquetaSubinforme(o, fila)) {
-                h += c.alto;
-            }
-            extra = std::max(extra, h - o.Height);
-            continue;
-        }
-        if (!o.CanGrow || !esTexto(o) || !visible(o, fila)) {
-            continue;
-        }
-        const QString t = texto(o, fila, info);
-        if (t.isEmpty()) {
-            continue;
-        }
-        const QFontMetricsF fm(qfont(o.Font), &dev_);
-        const double ancho = (o.Width - 2 * relleno(o)) * k_;
-        const QRectF caja =
-            fm.boundingRect(QRectF(0, 0, ancho, 1e7), banderas(o, valor(o, fila, info)), t);
-        const int necesario = static_cast<int>(std::ceil(caja.height() / k_));
-        extra = std::max(extra, necesario - o.Height);
+int Maquetador::crecimiento(const ObjetoInforme& o, int fila) const {
+    if (!visible(o, fila)) {
+        return 0;
     }
-    return s.Height + extra;
+    if (o.Tipo == TipoObjeto::Subinforme) {
+        int h = 0;
+        for (const Colocada& c : maquetaSubinforme(o, fila)) {
+            h += c.alto;
+        }
+        return std::max(0, h - o.Height);
+    }
+    if (!o.CanGrow || !esTexto(o)) {
+        return 0;
+    }
+    const InfoPagina info;
+    const QString t = texto(o, fila, info);
+    if (t.isEmpty()) {
+        return 0;
+    }
+    const QFontMetricsF fm(qfont(o.Font), &dev_);
+    const double ancho = (o.Width - 2 * relleno(o)) * k_;
+    const QRectF caja =
+        fm.boundingRect(QRectF(0, 0, ancho, 1e7), banderas(o, valor(o, fila, info)), t);
+    return std::max(0, static_cast<int>(std::ceil(caja.height() / k_)) - o.Height);
+}
+
+Maquetador::Colocada Maquetador::mide(const Seccion& s, int fila) const {
+    const std::vector<ObjetoInforme>& objetos = s.Objetos;
+    const size_t n = objetos.size();
+    std::vector<Ajuste> a(n);
+    bool crece = false;
+    for (size_t i = 0; i < n; ++i) {
+        a[i].crece = crecimiento(objetos[i], fila);
+        crece = crece || a[i].crece > 0;
+    }
+    if (crece) {
+        // Top to bottom: what starts below the end of a grown object and
+        // shares its column goes down by what that one grew and went down.
+        std::vector<size_t> orden(n);
+        for (size_t i = 0; i < n; ++i) {
+            orden[i] = i;
+        }
+        std::stable_sort(orden.begin(), orden.end(),
+                         [&](size_t x, size_t y) { return objetos[x].Top < objetos[y].Top; });
+        const auto columna = [](const ObjetoInforme& x, const ObjetoInforme& y) {
+            return x.Left < y.Left + y.Width && y.Left < x.Left + x.Width;
+        };
+        for (const size_t i : orden) {
+            const ObjetoInforme& o = objetos[i];
+            for (const size_t j : orden) {
+                const ObjetoInforme& arriba = objetos[j];
+                if (j != i && arriba.Top + arriba.Height <= o.Top && columna(o, arriba)) {
+                    a[i].baja = std::max(a[i].baja, a[j].baja + a[j].crece);
+                }
+            }
+        }
+        // A box grows round the objects it holds.
+        for (size_t i = 0; i < n; ++i) {
+            const ObjetoInforme& caja = objetos[i];
+            if (caja.Tipo != TipoObjeto::Caja) {
+                continue;
+            }
+            for (size_t j = 0; j < n; ++j) {
+                const ObjetoInforme& o = objetos[j];
+                if (j != i && o.Top >= caja.Top && o.Top + o.Height <= caja.Top + caja.Height &&
+                    o.Left >= caja.Left && o.Left + o.Width <= caja.Left + caja.Width) {
+                    a[i].crece = std::max(a[i].crece, a[j].baja + a[j].crece - a[i].baja);
+                }
+            }
+        }
+    }
+    int extra = 0;
+    for (const Ajuste& x : a) {
+        extra = std::max(extra, x.baja + x.crece);
+    }
+    return {&s, fila, 0, s.Height + extra, std::move(a)};
 }
 
 int Maquetador::altoPie() const {
@@ -300,10 +372,11 @@ int Maquetador::altoPie() const {
     return h;
 }
 
-void Maquetador::coloca(const Seccion& s, int fila, int h) {
-    paginas_.back().items.push_back({&s, fila, y_, h});
-    paginas_.back().filaPie = fila;
-    y_ += h;
+void Maquetador::coloca(Colocada c) {
+    c.top = y_;
+    y_ += c.alto;
+    paginas_.back().filaPie = c.fila;
+    paginas_.back().items.push_back(std::move(c));
 }
 
 void Maquetador::nuevaPagina(int fila) {
@@ -313,7 +386,7 @@ void Maquetador::nuevaPagina(int fila) {
     forzarPagina_ = false;
     for (const Seccion* s : deTipo(TipoSeccion::CabeceraPagina)) {
         if (visible(*s, fila)) {
-            coloca(*s, fila, alto(*s, fila));
+            coloca(mide(*s, fila));
         }
     }
     // The open groups' headers marked to repeat: the reader of page 2 still
@@ -321,7 +394,7 @@ void Maquetador::nuevaPagina(int fila) {
     for (int n = 1; n <= activos_; ++n) {
         for (const Seccion* s : deTipo(TipoSeccion::CabeceraGrupo, n)) {
             if (s->RepiteEnCadaPagina && visible(*s, fila)) {
-                coloca(*s, fila, alto(*s, fila));
+                coloca(mide(*s, fila));
             }
         }
     }
@@ -332,11 +405,11 @@ void Maquetador::emite(const Seccion& s, int fila) {
     if (!visible(s, fila)) {
         return;
     }
-    const int h = alto(s, fila);
-    if (paginas_.empty() || forzarPagina_ || (y_ + h > limite_ && !soloCabecera_)) {
+    Colocada c = mide(s, fila);
+    if (paginas_.empty() || forzarPagina_ || (y_ + c.alto > limite_ && !soloCabecera_)) {
         nuevaPagina(fila);
     }
-    coloca(s, fila, h);
+    coloca(std::move(c));
     soloCabecera_ = false;
 }
 
@@ -346,15 +419,14 @@ void Maquetador::emite(const Seccion& s, int fila) {
 void Maquetador::cierraGrupos(int desde, int fila) {
     const int niveles = static_cast<int>(r_.Grupos.size());
     for (int n = niveles; n >= desde; --n) {
-        std::vector<std::pair<const Seccion*, int>> alPie;
+        std::vector<Colocada> alPie;
         int total = 0;
         for (const Seccion* s : deTipo(TipoSeccion::PieGrupo, n)) {
             if (!s->AlPie) {
                 emite(*s, fila);
             } else if (visible(*s, fila)) {
-                const int h = alto(*s, fila);
-                alPie.emplace_back(s, h);
-                total += h;
+                alPie.push_back(mide(*s, fila));
+                total += alPie.back().alto;
             }
         }
         if (!alPie.empty()) {
@@ -362,8 +434,8 @@ void Maquetador::cierraGrupos(int desde, int fila) {
                 nuevaPagina(fila);
             }
             y_ = std::max(y_, limite_ - total);
-            for (const auto& [s, h] : alPie) {
-                coloca(*s, fila, h);
+            for (Colocada& c : alPie) {
+                coloca(std::move(c));
             }
             soloCabecera_ = false;
         }
@@ -442,8 +514,10 @@ ResultadoRender Maquetador::Ejecuta() {
     p.setRenderHint(QPainter::TextAntialiasing);
     ResultadoRender res;
     res.paginas = static_cast<int>(paginas_.size());
+    pintados_ = &res.pintados;
     for (size_t i = 0; i < paginas_.size(); ++i) {
         const Pagina& pag = paginas_[i];
+        pagina_ = static_cast<int>(i);
         InfoPagina info;
         info.numero = 1;
         info.total = 0;
@@ -465,7 +539,9 @@ ResultadoRender Maquetador::Ejecuta() {
         int y = r_.AltoPapel - r_.BottomMargin - altoPie();
         for (const Seccion* s : deTipo(TipoSeccion::PiePagina)) {
             if (!s->Suppress) {
-                const Colocada c{s, pag.filaPie, y, s->Height};
+                Colocada c = mide(*s, pag.filaPie);
+                c.top = y;
+                c.alto = s->Height; // the page's foot has the room it was given
                 pinta(p, c, info);
                 res.colocadas.push_back({s->Name, pag.filaPie, static_cast<int>(i), y, s->Height});
                 y += s->Height;
@@ -473,6 +549,7 @@ ResultadoRender Maquetador::Ejecuta() {
         }
     }
     p.end();
+    pintados_ = nullptr;
     return res;
 }
 
@@ -523,9 +600,9 @@ std::vector<Maquetador::Colocada> Maquetador::maquetaSubinforme(const ObjetoInfo
     auto anade = [&](TipoSeccion t, int f) {
         for (const Seccion* s : m.deTipo(t)) {
             if (m.visible(*s, f)) {
-                const int h = m.alto(*s, f);
-                r.push_back({s, f, y, h});
-                y += h;
+                r.push_back(m.mide(*s, f));
+                r.back().top = y;
+                y += r.back().alto;
             }
         }
     };
@@ -544,22 +621,17 @@ void Maquetador::pinta(QPainter& p, const Colocada& c, const InfoPagina& info, d
             rectDispositivo(x0, c.top, r_.AnchoPapel - r_.LeftMargin - r_.RightMargin, c.alto),
             qcolor(s.BackColor));
     }
-    const int extra = c.alto - s.Height;
-    for (const ObjetoInforme& o : s.Objetos) {
+    for (size_t i = 0; i < s.Objetos.size(); ++i) {
+        const ObjetoInforme& o = s.Objetos[i];
         if (visible(o, c.fila)) {
-            pintaObjeto(p, o, c.fila, x0, c.top, extra, info);
+            pintaObjeto(p, o, c.fila, x0, c.top, c.ajustes[i], info);
         }
     }
 }
 
 void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0,
-                             int extra, const InfoPagina& info) const {
-    // Objects below a grown object move down with it, as the engine did.
-    double alto = o.Height;
-    if (o.CanGrow) {
-        alto += extra;
-    }
-    const QRectF r = rectDispositivo(x0 + o.Left, y0 + o.Top, o.Width, alto);
+                             const Ajuste& a, const InfoPagina& info) const {
+    const QRectF r = rectDispositivo(x0 + o.Left, y0 + o.Top + a.baja, o.Width, o.Height + a.crece);
     const double grosor = std::max(1.0, o.LineWidth * k_);
     switch (o.Tipo) {
     case TipoObjeto::Caja: {
@@ -571,6 +643,9 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
             p.drawRoundedRect(r, o.Redondeo * k_, o.Redondeo * k_);
         } else {
             p.drawRect(r);
+        }
+        if (o.BackColor != kSinColor) {
+            anota(Pintado::Clase::Relleno, o, {}, r);
         }
         return;
     }
@@ -584,8 +659,10 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
             return;
         }
         const Maquetador m(r_.OpenSubreport(o.Texto), dev_);
+        m.pintados_ = pintados_;
+        m.pagina_ = pagina_;
         for (Colocada c : secciones) {
-            c.top += static_cast<int>(y0) + o.Top;
+            c.top += static_cast<int>(y0) + o.Top + a.baja;
             m.pinta(p, c, info, x0 + o.Left);
         }
         return;
@@ -596,6 +673,7 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
             const QImage escalada =
                 img.scaled(r.size().toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
             p.drawImage(QPointF(r.left(), r.top()), escalada);
+            anota(Pintado::Clase::Imagen, o, {}, QRectF(r.topLeft(), escalada.size()));
         }
         return;
     }
@@ -606,6 +684,7 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
     const QString t = texto(o, fila, info);
     if (o.BackColor != kSinColor) {
         p.fillRect(r, qcolor(o.BackColor));
+        anota(Pintado::Clase::Relleno, o, {}, r);
     }
     if (o.BorderColor != kSinColor) {
         p.setPen(QPen(qcolor(o.BorderColor), grosor));
@@ -618,7 +697,9 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
     p.setFont(qfont(o.Font));
     p.setPen(qcolor(o.ForeColor));
     const double margen = relleno(o) * k_;
-    p.drawText(r.adjusted(margen, 0, -margen, 0), banderas(o, v), t);
+    QRectF ocupado;
+    p.drawText(r.adjusted(margen, 0, -margen, 0), banderas(o, v), t, &ocupado);
+    anota(Pintado::Clase::Texto, o, t, ocupado);
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include "Reporte.h"
 
+#include <QRectF>
+
 class QPagedPaintDevice;
 
 namespace vk::informe {
@@ -18,9 +20,25 @@ struct SeccionColocada {
     int alto = 0;
 };
 
+// What was painted where, in painting order: the texts as they really
+// stand (their own extent, which may pass their object's frame) and the
+// filled boxes and pictures, in twips from the paper's top left corner. Lets
+// a check find a figure drawn over another, over a picture, or hidden under a
+// box painted after it.
+struct Pintado {
+    enum class Clase { Texto, Relleno, Imagen };
+    Clase clase = Clase::Texto;
+    QString objeto; // name of the design's object
+    QString origen; // the column or formula it shows
+    QString texto;
+    int pagina = 0;
+    QRectF rect;
+};
+
 struct ResultadoRender {
     int paginas = 0;
     std::vector<SeccionColocada> colocadas; // in page order
+    std::vector<Pintado> pintados;
 };
 
 // Reads the records when needed, sets the device's page to the report's paper
