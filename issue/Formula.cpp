@@ -195,7 +195,31 @@ private:
             args.size() == 2) {
             return Format(args[0], args[1].toString());
         }
+        if (nombre.compare(QLatin1String("Descuentos"), Qt::CaseInsensitive) == 0 &&
+            !args.isEmpty()) {
+            return descuentos(args);
+        }
         falla(QStringLiteral("función desconocida «%1»").arg(nombre));
+    }
+
+    // A line's chained discounts as one short text, "10+5", the figures
+    // without trailing zeros; the ones at 0 left out.
+    static QString descuentos(const QVariantList& args) {
+        QStringList r;
+        for (const QVariant& a : args) {
+            const double v = a.toDouble();
+            if (v != 0) {
+                QString t = Format(v, QStringLiteral("#0.00"));
+                while (t.endsWith(u'0')) {
+                    t.chop(1);
+                }
+                if (t.endsWith(u',')) {
+                    t.chop(1);
+                }
+                r << t;
+            }
+        }
+        return r.join(u'+');
     }
 
     const QString& t_;

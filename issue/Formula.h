@@ -11,6 +11,7 @@
 //   a + b                concatenation (text) or sum (numbers)
 //   Trozo(t, 's', n)     the n-th piece (1-based) of t split on s, '' past the end
 //   Formato(v, 'mask')   v through the legacy Format masks (Spanish separators)
+//   Descuentos(a, b...)  chained discounts as "10+5" ("12,5" alone, '' when all are 0)
 //
 // An empty text evaluates to the empty text.
 #pragma once

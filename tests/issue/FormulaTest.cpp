@@ -89,6 +89,19 @@ TEST(Formula, FieldsFormulasConcatenationAndPieces) {
                   QString());
     }
 
+    // A line's chained discounts in one column.
+    v.campos[QStringLiteral("Lav_Dto1")] = 10.0;
+    v.campos[QStringLiteral("Lav_Dto2")] = 5.0;
+    EXPECT_EQ(EvaluaFormula(QStringLiteral("Descuentos(Lav_Dto1, Lav_Dto2)"), v).toString(),
+              QStringLiteral("10+5"));
+    v.campos[QStringLiteral("Lav_Dto1")] = 12.5;
+    v.campos[QStringLiteral("Lav_Dto2")] = 0.0;
+    EXPECT_EQ(EvaluaFormula(QStringLiteral("Descuentos(Lav_Dto1, Lav_Dto2)"), v).toString(),
+              QStringLiteral("12,5"));
+    v.campos[QStringLiteral("Lav_Dto1")] = QVariant();
+    EXPECT_EQ(EvaluaFormula(QStringLiteral("Descuentos(Lav_Dto1, Lav_Dto2)"), v).toString(),
+              QString());
+
     for (const char* malo : {"'sin cerrar", "{Fav_Serie", "{NoExiste}", "NoExiste", "'a' 'b'",
                              "bucle", "Desconocida(1)"}) {
         EXPECT_THROW(EvaluaFormula(QString::fromUtf8(malo), v), ErrorBd) << malo;
