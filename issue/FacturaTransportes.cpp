@@ -12,6 +12,7 @@
 #include <Formato.h>
 #include <Interaccion.h>
 #include <VKFACVENTAS.h>
+#include <map>
 
 namespace vk {
 
@@ -211,6 +212,19 @@ DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids) {
         pv << ids.first();
     }
     d.viajes = cn.Execute(sql + orden, pv);
+    // How many legs each invoice has: without any, the trips' heading stays
+    // off the page.
+    std::map<qint64, qint64> porFactura;
+    for (d.viajes.MoveFirst(); !d.viajes.Eof(); d.viajes.MoveNext()) {
+        ++porFactura[d.viajes.Fields(QStringLiteral("Fav_Id")).Entero()];
+    }
+    std::vector<QVariant> numViajes;
+    for (d.filas.MoveFirst(); !d.filas.Eof(); d.filas.MoveNext()) {
+        numViajes.emplace_back(porFactura[d.filas.Fields(QStringLiteral("Fav_Id")).Entero()]);
+    }
+    d.filas.AnadeCampo(QStringLiteral("NumViajes"), std::move(numViajes));
+    d.viajes.MoveFirst();
+    d.filas.MoveFirst();
     if (d.reporte.modo == 2) {
         leePeriodoCuota(bd, ids.first(), d);
     }

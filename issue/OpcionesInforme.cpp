@@ -13,6 +13,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <VKFACVENTAS.h>
+#include <algorithm>
 
 namespace vk {
 
@@ -495,12 +496,14 @@ bool ColocaLogo(Reporte& r, BdSesion& bd, qint32 idUsuario) {
     r.FormulaFields.Asigna(QStringLiteral("rutaimagen"), Entrecomilla(ruta));
     if (informe::ObjetoInforme* logo = r.BuscaObjeto(QStringLiteral("LogoEmpresa"))) {
         // The stored X is the height and the Y the width. A company that
-        // never placed its logo keeps the design's size.
+        // never placed its logo keeps the design's size, and no company's
+        // size takes the logo out of the design's frame, where it would
+        // cover the letterhead.
         const qint64 x = bd.Parametros().Entero(QStringLiteral("Par_ImgPosX")),
                      y = bd.Parametros().Entero(QStringLiteral("Par_ImgPosY"));
         if (x > 0 && y > 0) {
-            logo->Height = static_cast<int>(x);
-            logo->Width = static_cast<int>(y);
+            logo->Height = static_cast<int>(std::min<qint64>(x, logo->Height));
+            logo->Width = static_cast<int>(std::min<qint64>(y, logo->Width));
         }
     }
     return true;

@@ -374,15 +374,22 @@ TEST_P(Opciones, LogoIsExtractedPerUserWithItsSizesInverted) {
     b.open(QIODevice::WriteOnly);
     img.save(&b, "PNG");
     e->parametro(QStringLiteral("Par_ImagenLogo"), png);
-    e->parametro(QStringLiteral("Par_ImgPosX"), 1100);
-    e->parametro(QStringLiteral("Par_ImgPosY"), 2600);
+    const int alto = o(*r, "LogoEmpresa").Height, ancho = o(*r, "LogoEmpresa").Width;
+    e->parametro(QStringLiteral("Par_ImgPosX"), alto - 200);
+    e->parametro(QStringLiteral("Par_ImgPosY"), ancho - 300);
     r = prepara(QStringLiteral("CrFacturaGeneral2"), ctx(2, {}, 2));
     QFile escrito(ruta);
     ASSERT_TRUE(escrito.open(QIODevice::ReadOnly));
     EXPECT_EQ(escrito.readAll(), png);
-    EXPECT_EQ(o(*r, "LogoEmpresa").Height, 1100);
-    EXPECT_EQ(o(*r, "LogoEmpresa").Width, 2600);
+    EXPECT_EQ(o(*r, "LogoEmpresa").Height, alto - 200);
+    EXPECT_EQ(o(*r, "LogoEmpresa").Width, ancho - 300);
     EXPECT_FALSE(QImage(ruta).isNull());
+    // A size beyond the design's frame stops at the frame.
+    e->parametro(QStringLiteral("Par_ImgPosX"), alto + 2000);
+    e->parametro(QStringLiteral("Par_ImgPosY"), 120);
+    r = prepara(QStringLiteral("CrFacturaGeneral2"), ctx(2, {}, 2));
+    EXPECT_EQ(o(*r, "LogoEmpresa").Height, alto);
+    EXPECT_EQ(o(*r, "LogoEmpresa").Width, 120);
 }
 
 TEST_P(Opciones, PaperOptionsOfEachRoute) {
