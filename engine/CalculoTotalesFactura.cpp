@@ -168,6 +168,11 @@ void VKFACVENTAS::CalculoTotalesFactura() {
         std::tie(*cIva[nSlot], *cRec[nSlot]) = fnCuentasIvaRec(bd, nIva, nReg, fecha);
     }
 
+    // The footer discount is stored and printed in cents, so the bases are
+    // squared with that figure: gross less the printed discounts is the sum
+    // of the printed bases, even when the lines' per-unit discounts carry a
+    // third decimal.
+    ImpDtoPie1 = Redondea(ImpDtoPie1, 2);
     // Header discounts on the sums; the cents they differ from the groups'
     // discounts go to the first base, with no new VAT.
     ImpDto1 = Redondea((PorcentajeDto1 / 100) * Bruto, 2);

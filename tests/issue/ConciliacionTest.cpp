@@ -71,7 +71,8 @@ protected:
     }
     void TearDown() override { qunsetenv("VKFACTUVEN_DATOS"); }
 
-    // Grows the first pending note to 200 lines by repeating its lines.
+    // Grows the first pending note to 200 lines by repeating its lines; its
+    // first line carries a per-unit discount with a third decimal.
     void alargaAlbaran() {
         Conexion& cn = s->cn();
         const qint64 cav =
@@ -88,6 +89,9 @@ protected:
                     .Fields(0)
                     .Entero();
             if (n >= 200) {
+                cn.Execute(QStringLiteral("UPDATE Lav SET Lav_ImpDtoUnidad = 1.255 WHERE Lav_Id = "
+                                          "(SELECT MIN(Lav_Id) FROM Lav WHERE Lav_IdCav = ?)"),
+                           {cav});
                 break;
             }
             cn.Execute(QStringLiteral("INSERT INTO Lav (Lav_IdCav, Lav_Orden, %1) SELECT "
