@@ -56,21 +56,8 @@ struct Importes {
     QString mencion; // the legal reason of an exempt invoice
 };
 
-class Conciliacion : public PruebaMotores {
+class Conciliacion : public EmpresaDemoPrueba {
 protected:
-    void SetUp() override {
-        qputenv("VKFACTUVEN_DATOS", datos.path().toUtf8());
-        suite::RegistraComponentesSuite();
-        s = base.CreaEmpresa();
-        CreaDatosDemo(*s);
-        s->cn().Execute(QStringLiteral("UPDATE Parametros SET Par_PrnEmp = 1, Par_PrintFco = 1, "
-                                       "Par_Lotes = 1, par_bultos = 1, Par_prnlogo = 1"));
-        s->RecargaParametros();
-        f.setMyBd(*s);
-        ui.ResponderSiSiempre(true);
-    }
-    void TearDown() override { qunsetenv("VKFACTUVEN_DATOS"); }
-
     // Grows the first pending note to 200 lines by repeating its lines; its
     // first line carries a per-unit discount with a third decimal.
     void alargaAlbaran() {
@@ -215,13 +202,6 @@ protected:
         ui.dialogos.clear();
         return r;
     }
-
-    QTemporaryDir datos;
-    BasePrueba base{GetParam()};
-    std::unique_ptr<BdSesion> s;
-    VKFACVENTAS f;
-    InteraccionGuion ui;
-    UsaInteraccion puerto{ui};
 };
 
 bool cortan(const QRectF& a, const QRectF& b) {

@@ -475,22 +475,8 @@ struct Familia {
     std::function<void(const QString& texto, const QString& fichero)> propio = {};
 };
 
-class FamiliasDemo : public PruebaMotores {
+class FamiliasDemo : public EmpresaDemoPrueba {
 protected:
-    void SetUp() override {
-        qputenv("VKFACTUVEN_DATOS", datos.path().toUtf8());
-        suite::RegistraComponentesSuite();
-        s = base.CreaEmpresa();
-        CreaDatosDemo(*s);
-        // The demo's own logo, lots and packages.
-        s->cn().Execute(QStringLiteral("UPDATE Parametros SET Par_PrnEmp = 1, Par_PrintFco = 1, "
-                                       "Par_Lotes = 1, par_bultos = 1, Par_prnlogo = 1"));
-        s->RecargaParametros();
-        f.setMyBd(*s);
-        ui.ResponderSiSiempre(true);
-    }
-    void TearDown() override { qunsetenv("VKFACTUVEN_DATOS"); }
-
     // The batch run of the invoicing screen over every pending note.
     void factura() { FacturaPendientesDemo(f, ui); }
     void parametros(const QString& asignaciones, const QVariantList& valores) {
@@ -514,13 +500,6 @@ protected:
         }
         return f.PdfOutFile;
     }
-
-    QTemporaryDir datos;
-    BasePrueba base{GetParam()};
-    std::unique_ptr<BdSesion> s;
-    VKFACVENTAS f;
-    InteraccionGuion ui;
-    UsaInteraccion puerto{ui};
 };
 
 TEST_P(FamiliasDemo, EachFamilyPrintsTheInvoiceInReadingOrderWithItsOwnData) {

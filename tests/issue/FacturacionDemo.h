@@ -1,8 +1,14 @@
 // The demo company's pending delivery notes invoiced as the batch screen
-// invoices them on the demo's last day, without issuing.
+// invoices them on the demo's last day, without issuing; and a fixture of the
+// demo company set to print as its invoices are printed.
 #pragma once
 
+#include "EmpresaPrueba.h"
+
+#include <EmpresaDemo.h>
 #include <InteraccionGuion.h>
+#include <QTemporaryDir>
+#include <RegistroSuite.h>
 #include <VKFACVENTAS.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
@@ -24,5 +30,30 @@ inline std::vector<qint32> FacturaPendientesDemo(VKFACVENTAS& f, InteraccionGuio
     pantalla.cmdFacturar();
     return pantalla.facturasGeneradas;
 }
+
+// The demo company in its own data folder, with its logo, lots and packages
+// printed, and the interaction port answering yes.
+class EmpresaDemoPrueba : public PruebaMotores {
+protected:
+    void SetUp() override {
+        qputenv("VKFACTUVEN_DATOS", datos.path().toUtf8());
+        suite::RegistraComponentesSuite();
+        s = base.CreaEmpresa();
+        CreaDatosDemo(*s);
+        s->cn().Execute(QStringLiteral("UPDATE Parametros SET Par_PrnEmp = 1, Par_PrintFco = 1, "
+                                       "Par_Lotes = 1, par_bultos = 1, Par_prnlogo = 1"));
+        s->RecargaParametros();
+        f.setMyBd(*s);
+        ui.ResponderSiSiempre(true);
+    }
+    void TearDown() override { qunsetenv("VKFACTUVEN_DATOS"); }
+
+    QTemporaryDir datos;
+    BasePrueba base{GetParam()};
+    std::unique_ptr<BdSesion> s;
+    VKFACVENTAS f;
+    InteraccionGuion ui;
+    UsaInteraccion puerto{ui};
+};
 
 } // namespace vk::prueba

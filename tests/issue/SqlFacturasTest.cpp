@@ -342,16 +342,9 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
 
 // The demo's export customers (regime 5) get the export mention on their
 // invoices; the others get none.
-TEST_P(FacturasDemo, ExportInvoicesCarryTheirLegalMention) {
-    BasePrueba base(GetParam());
-    auto s = base.CreaEmpresa();
-    CreaDatosDemo(*s);
-    suite::RegistraComponentesSuite();
-    VKFACVENTAS f;
-    f.setMyBd(*s);
-    InteraccionGuion ui;
-    ui.ResponderSiSiempre(true);
-    const UsaInteraccion puerto(ui);
+class MencionesDemo : public EmpresaDemoPrueba {};
+
+TEST_P(MencionesDemo, ExportInvoicesCarryTheirLegalMention) {
     const std::vector<qint32> facturas = FacturaPendientesDemo(f, ui);
     ASSERT_FALSE(facturas.empty());
     int exportaciones = 0;
@@ -376,6 +369,7 @@ TEST_P(FacturasDemo, ExportInvoicesCarryTheirLegalMention) {
 
 VK_EN_AMBOS_MOTORES(FilasFacturas);
 VK_EN_AMBOS_MOTORES(FacturasDemo);
+VK_EN_AMBOS_MOTORES(MencionesDemo);
 
 } // namespace
 } // namespace vk::prueba
