@@ -514,6 +514,7 @@ ResultadoRender Maquetador::Ejecuta() {
     p.setRenderHint(QPainter::TextAntialiasing);
     ResultadoRender res;
     res.paginas = static_cast<int>(paginas_.size());
+    res.anchoPapel = r_.AnchoPapel;
     pintados_ = &res.pintados;
     for (size_t i = 0; i < paginas_.size(); ++i) {
         const Pagina& pag = paginas_[i];
@@ -697,9 +698,22 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
     p.setFont(qfont(o.Font));
     p.setPen(qcolor(o.ForeColor));
     const double margen = relleno(o) * k_;
+    const QRectF caja = r.adjusted(margen, 0, -margen, 0);
+    // A text that may not grow is cut where its box ends, with an ellipsis
+    // that says so, rather than run over the next column or off the paper. A
+    // figure is never cut: a shortened amount would be a wrong one.
+    QString visible = t;
+    if (!o.CanGrow && !EsNumero(v)) {
+        const QFontMetricsF fm(p.font(), &dev_);
+        QStringList lineas = t.split(u'\n');
+        for (QString& l : lineas) {
+            l = fm.elidedText(l, Qt::ElideRight, caja.width());
+        }
+        visible = lineas.join(u'\n');
+    }
     QRectF ocupado;
-    p.drawText(r.adjusted(margen, 0, -margen, 0), banderas(o, v), t, &ocupado);
-    anota(Pintado::Clase::Texto, o, t, ocupado);
+    p.drawText(caja, banderas(o, v), visible, &ocupado);
+    anota(Pintado::Clase::Texto, o, visible, ocupado);
 }
 
 } // namespace

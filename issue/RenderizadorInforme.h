@@ -37,6 +37,7 @@ struct Pintado {
 
 struct ResultadoRender {
     int paginas = 0;
+    int anchoPapel = 0;                     // twips
     std::vector<SeccionColocada> colocadas; // in page order
     std::vector<Pintado> pintados;
 };

@@ -211,11 +211,18 @@ bool cortan(const QRectF& a, const QRectF& b) {
     return i.width() > 20 && i.height() > 0.25 * std::min(a.height(), b.height());
 }
 
-// Texts of one page drawn over one another or over a picture, or hidden
-// under a box or a picture painted after them.
-std::vector<std::string> solapes(const std::vector<Pintado>& p) {
+// Texts of one page drawn over one another or over a picture, hidden under a
+// box or a picture painted after them, or running off the paper.
+std::vector<std::string> solapes(const std::vector<Pintado>& p, int anchoPapel) {
     std::vector<std::string> r;
     for (size_t i = 0; i < p.size(); ++i) {
+        if (p[i].clase == Pintado::Clase::Texto &&
+            (p[i].rect.left() < 0 || p[i].rect.right() > anchoPapel)) {
+            r.push_back(QStringLiteral("p%1 %2 «%3» fuera del papel")
+                            .arg(p[i].pagina + 1)
+                            .arg(p[i].objeto, p[i].texto.left(30))
+                            .toStdString());
+        }
         for (size_t j = i + 1; j < p.size(); ++j) {
             if (p[j].pagina != p[i].pagina || !cortan(p[i].rect, p[j].rect)) {
                 continue;
@@ -335,7 +342,7 @@ TEST_P(Conciliacion, EveryDesignPrintsFiguresThatReconcileAndNothingOverAnything
                 QStringLiteral("diseño %1, factura %2").arg(diseno).arg(i.numero).toStdString());
             const informe::ResultadoRender r = emite(id, diseno, pdf);
             ASSERT_GT(r.paginas, 0);
-            EXPECT_EQ(solapes(r.pintados), std::vector<std::string>{});
+            EXPECT_EQ(solapes(r.pintados, r.anchoPapel), std::vector<std::string>{});
             EXPECT_EQ(faltan(i, r.pintados, r.paginas - 1), std::vector<std::string>{});
         }
     }
@@ -411,7 +418,8 @@ TEST_P(Conciliacion, EveryShippedDesignByItsKeys) {
             const informe::ResultadoRender r =
                 emite(id, v.diseno, v.clave, v.claveObras, pdf, &nombre);
             vistos.insert(nombre.toLower());
-            EXPECT_EQ(solapes(r.pintados), std::vector<std::string>{}) << nombre.toStdString();
+            EXPECT_EQ(solapes(r.pintados, r.anchoPapel), std::vector<std::string>{})
+                << nombre.toStdString();
             EXPECT_EQ(faltan(i, r.pintados, r.paginas - 1), std::vector<std::string>{})
                 << nombre.toStdString();
         }

@@ -214,12 +214,12 @@ TEST_P(FamiliaObras, TemplateFilesOfTheInstallation) {
     // Design 7 with its own template: a file extending the built-in design.
     escribe(QStringLiteral("obras-propia.json"),
             R"({ "Extiende": "crFObras", "Sections": [ { "Name": "CabeceraFactura",
-                 "Objetos": [ { "Name": "txtFactura", "Texto": "FACTURA DE OBRA PROPIA" } ] } ] })");
+                 "Objetos": [ { "Name": "txtFactura", "Texto": "OBRA PROPIA" } ] } ] })");
     e->parametro(QStringLiteral("Par_DiseñoFactura"), 7);
     e->parametro(QStringLiteral("PAR_PLANTILLA_FOBRAS"), QStringLiteral("obras-propia.json"));
     f.EmisionMultiplesFacturas(0, true, {id});
     EXPECT_TRUE(mensajes().isEmpty()) << mensajes().join(QLatin1Char('\n')).toStdString();
-    EXPECT_TRUE(TextoPdf(f.PdfOutFile).contains(QStringLiteral("FACTURA DE OBRA PROPIA")));
+    EXPECT_TRUE(TextoPdf(f.PdfOutFile).contains(QStringLiteral("OBRA PROPIA")));
 
     // A template that is not a design, or is missing, ends the family with
     // the box of the template and writes nothing.
