@@ -1,9 +1,7 @@
 #include "InteraccionQt.h"
 
 #include "DialogoBusca.h"
-#include "VistaEmisionFacturas.h"
-#include "VistaIniFav.h"
-#include "VistaVisor.h"
+#include "RegistroVistas.h"
 
 #include <QApplication>
 #include <QInputDialog>
@@ -12,9 +10,6 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
-#include <frmEmisionFacturas.h>
-#include <frmIniFav.h>
-#include <frmVisor.h>
 
 namespace vk::ui {
 
@@ -56,8 +51,7 @@ void InteraccionQt::Mensaje(const QString& texto, Icono icono, const QString& ti
 }
 
 bool InteraccionQt::Pregunta(const QString& texto, const QString& titulo, bool siPorDefecto) {
-    QMessageBox caja(QMessageBox::Question, tituloO(titulo), texto, QMessageBox::NoButton,
-                     padre());
+    QMessageBox caja(QMessageBox::Question, tituloO(titulo), texto, QMessageBox::NoButton, padre());
     QPushButton* si = caja.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
     QPushButton* no = caja.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
     caja.setDefaultButton(siPorDefecto ? si : no);
@@ -93,22 +87,12 @@ bool InteraccionQt::MuestraDialogo(DialogoModelo& dialogo) {
 }
 
 bool MuestraVistaDe(DialogoModelo& dialogo, QWidget* padre) {
-    if (auto* m = dynamic_cast<frmIniFav*>(&dialogo)) {
-        VistaIniFav v(*m, padre);
-        return v.exec() == QDialog::Accepted;
+    if (const VistaDialogo* vista = BuscaVistaDialogo(dialogo)) {
+        return (*vista)(dialogo, padre);
     }
-    if (auto* m = dynamic_cast<frmEmisionFacturas*>(&dialogo)) {
-        VistaEmisionFacturas v(*m, padre);
-        return v.exec() == QDialog::Accepted;
-    }
-    if (auto* m = dynamic_cast<frmVisor*>(&dialogo)) {
-        VistaVisor v(*m, padre);
-        v.exec();
-        return true; // the viewer has nothing to accept: closing it is the end
-    }
-    Ui().Mensaje(QStringLiteral("Esta pantalla todavía no está disponible: %1")
-                     .arg(dialogo.Nombre()),
-                 Icono::Informacion, {});
+    Ui().Mensaje(
+        QStringLiteral("Esta pantalla todavía no está disponible: %1").arg(dialogo.Nombre()),
+        Icono::Informacion, {});
     return false;
 }
 
