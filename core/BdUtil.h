@@ -13,12 +13,6 @@ public:
     // Half away from zero to `decimales` places.
     double Redondea(double valor, qint16 decimales) const;
 
-    // Colours and field formats belong to a screen; outside one they do
-    // nothing, so headless callers can keep the legacy calls.
-    void ColorNormal(int) {}
-    void ColorFoco(int) {}
-    template <typename Campo> void FormateaCampo(Campo&, const QString&) {}
-
     // The connection the lookup reads from.
     void Prepara(Conexion& cn) { cn_ = &cn; }
 

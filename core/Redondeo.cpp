@@ -20,10 +20,6 @@ double fnRedondeoNormal(double valor, int decimales) {
     return valor < 0 ? -resultado : resultado;
 }
 
-double fnr(double valor, int decimales) {
-    return fnRedondeoNormal(valor, decimales);
-}
-
 double Redondea(double valor, int decimales) {
     if (!std::isfinite(valor)) {
         return valor;

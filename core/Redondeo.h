@@ -11,9 +11,6 @@ namespace vk {
 // of the last place reaches 0.4998999 (1.004999 gives 1.01). Zero stays zero.
 double fnRedondeoNormal(double valor, int decimales);
 
-// The screens' name for fnRedondeoNormal; always the same result.
-double fnr(double valor, int decimales);
-
 // Half away from zero on the decimal number the double stands for (its text to
 // 15 significant digits), so binary representation errors never decide a cent:
 // 2.675 gives 2.68 and -1.005 gives -1.01. Never returns -0.0.

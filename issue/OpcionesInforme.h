@@ -29,7 +29,7 @@ struct ContextoInforme {
 // The context of a run of the facade: design, key, route and flags.
 ContextoInforme ContextoDe(const VKFACVENTAS& f, qint16 nDiseno);
 
-// --- the rows of the options table ---
+// --- one printing option each, by the company's parameters ---
 void OpcionProteccionDatos(informe::Reporte& r, BdSesion& bd);
 // GroupCpago, and the payment terms and due date fields, by Par_PrintFco.
 void OpcionFormaPago(informe::Reporte& r, BdSesion& bd);
@@ -40,8 +40,8 @@ void OpcionAgente(informe::Reporte& r, BdSesion& bd);
 void OpcionLotesAgente(informe::Reporte& r, BdSesion& bd);
 void OpcionDescripcionAmpliada(informe::Reporte& r, BdSesion& bd);
 
-// Step 15 of a run: the options the arm of `nombreReporte` applies, the
-// nursery formulas and the positions of key PLT38.
+// The printing options each report applies, by its name, with the nursery
+// formulas and the positions of key PLT38.
 void AplicaOpcionesReporte(informe::Reporte& r, BdSesion& bd, const EmpresaEmision& e,
                            const QString& nombreReporte, const ContextoInforme& c);
 
@@ -51,7 +51,8 @@ void AplicaCopia(informe::Reporte& r, bool copia);
 void AplicaMarcos(informe::Reporte& r, BdSesion& bd, const EmpresaEmision& e);
 
 // The letterhead formulas of design group A (0, 2, 3, 4, 8, 10, 12, 13, 16,
-// 19), steps 2 to 7; the volume prompt of design 16 is AplicaMembrete's.
+// 19): the address, town, province, telephone and mail lines; the volume
+// prompt of design 16 is AplicaMembrete's.
 void MembreteGrupoA(informe::Reporte& r, BdSesion& bd, const EmpresaEmision& e,
                     const ContextoInforme& c);
 // The foot lines that Par_PrnL1 and Par_PrnL2 leave off become empty.

@@ -23,7 +23,6 @@ public:
     int cboDirIndex = -1;
     bool Visible = true;
 
-    void cmdFacturar() {}                 // no action in this dialog
     void XPButton1() { Visible = false; } // closes, as Escape does
 };
 

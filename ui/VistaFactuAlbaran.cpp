@@ -39,6 +39,7 @@ VistaFactuAlbaran::VistaFactuAlbaran(frmFactuAlbaran& modelo, QWidget* padre)
     auto* botones = new QHBoxLayout;
     QPushButton* facturar =
         NuevoBoton(this, QStringLiteral("cmdFacturar"), QStringLiteral("&Facturar"));
+    facturar->setEnabled(false); // the dialog invoices nothing: its entry is reserved
     QPushButton* salir = NuevoBoton(this, QStringLiteral("XPButton1"), QStringLiteral("&Salir"));
     botones->addStretch();
     botones->addWidget(facturar);
@@ -55,10 +56,6 @@ VistaFactuAlbaran::VistaFactuAlbaran(frmFactuAlbaran& modelo, QWidget* padre)
     cboDir_->setCurrentIndex(modelo.cboDirIndex);
     setMinimumWidth(420);
 
-    QObject::connect(facturar, &QPushButton::clicked, this, [this] {
-        aModelo();
-        modelo_.cmdFacturar();
-    });
     QObject::connect(salir, &QPushButton::clicked, this, [this] {
         modelo_.XPButton1();
         reject();
