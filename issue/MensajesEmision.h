@@ -21,6 +21,5 @@ inline const QString kImpresoraNoValida =
     QStringLiteral("No se puede imprimir en la impresora «%1».");
 // Prompt of the footwear design for the volume line.
 inline const QString kVolumen = QStringLiteral("Volumen: ");
-inline const QString kFicheroPdf = QStringLiteral("Indique el fichero PDF de destino");
 
 } // namespace vk::mensajes

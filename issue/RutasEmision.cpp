@@ -70,18 +70,10 @@ void viaPdf(VKFACVENTAS& f, informe::Reporte& r, const Recordset& rs) {
                         .arg(primera.Fields(QStringLiteral("Fav_Serie")).Texto(), numero);
     const QString carpeta =
         f.RutaFicheroPdf.size() > 3 ? f.RutaFicheroPdf : fnCarpetaFdoc(f.MyBd().IdUsuario());
-    QString ruta = QDir(carpeta).filePath(QStringLiteral("F_") + numero + QStringLiteral(".pdf"));
+    const QString ruta =
+        QDir(carpeta).filePath(QStringLiteral("F_") + numero + QStringLiteral(".pdf"));
     f.PdfOutFile = ruta;
     QFile::remove(ruta);
-    if (ruta.size() <= 3) {
-        const std::optional<QString> elegido =
-            Ui().PideTexto(mensajes::kFicheroPdf, r.ReportTitle, QString());
-        if (!elegido || elegido->trimmed().isEmpty()) {
-            return;
-        }
-        ruta = elegido->trimmed();
-        f.PdfOutFile = ruta;
-    }
     EscribePdf(r, ruta);
     // Signing arrives with the mail route: until then the file is the
     // unsigned one, and opening it is ours.
