@@ -540,9 +540,10 @@ ResultadoRender Maquetador::Ejecuta() {
         int y = r_.AltoPapel - r_.BottomMargin - altoPie();
         for (const Seccion* s : deTipo(TipoSeccion::PiePagina)) {
             if (!s->Suppress) {
-                Colocada c = mide(*s, pag.filaPie);
-                c.top = y;
-                c.alto = s->Height; // the page's foot has the room it was given
+                // The page's foot has the room it was given: nothing in it
+                // grows or moves.
+                const Colocada c{s, pag.filaPie, y, s->Height,
+                                 std::vector<Ajuste>(s->Objetos.size())};
                 pinta(p, c, info);
                 res.colocadas.push_back({s->Name, pag.filaPie, static_cast<int>(i), y, s->Height});
                 y += s->Height;

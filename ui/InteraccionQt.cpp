@@ -90,9 +90,7 @@ bool MuestraVistaDe(DialogoModelo& dialogo, QWidget* padre) {
     if (const VistaDialogo* vista = BuscaVistaDialogo(dialogo)) {
         return (*vista)(dialogo, padre);
     }
-    Ui().Mensaje(
-        QStringLiteral("Esta pantalla todavía no está disponible: %1").arg(dialogo.Nombre()),
-        Icono::Informacion, {});
+    Ui().Mensaje(TextoNoDisponible(dialogo.Nombre()), Icono::Informacion, {});
     return false;
 }
 

@@ -11,9 +11,8 @@ void LanzadorQt::Muestra(const PeticionPantalla& peticion) {
         (*vista)(factura_, peticion, padre_);
         return;
     }
-    Ui().Mensaje(
-        QStringLiteral("Esta pantalla todavía no está disponible: %1").arg(peticion.pantalla),
-        Icono::Informacion, QStringLiteral("Facturación de ventas"));
+    Ui().Mensaje(TextoNoDisponible(peticion.pantalla), Icono::Informacion,
+                 QStringLiteral("Facturación de ventas"));
 }
 
 } // namespace vk::ui

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <LanzadorPantallas.h>
+#include <QString>
 #include <functional>
 
 class QWidget;
@@ -20,6 +21,11 @@ using VistaDialogo = std::function<bool(DialogoModelo& modelo, QWidget* padre)>;
 // Builds the screen's model on the facade and shows its view modally.
 using VistaPantalla =
     std::function<void(VKFACVENTAS& factura, const PeticionPantalla& peticion, QWidget* padre)>;
+
+// What a screen or dialog without a view answers.
+inline QString TextoNoDisponible(const QString& nombre) {
+    return QStringLiteral("Esta pantalla todavía no está disponible: %1").arg(nombre);
+}
 
 // Null when no view is registered for it.
 const VistaDialogo* BuscaVistaDialogo(const DialogoModelo& modelo);

@@ -332,6 +332,7 @@ TEST_P(Conciliacion, EveryDesignPrintsFiguresThatReconcileAndNothingOverAnything
     EXPECT_GT(conRetencion, 0);
     EXPECT_GT(conRecargo, 0);
     EXPECT_GT(conDtoPie, 0);
+    EXPECT_GT(tresTramos, 0);
     EXPECT_GT(dosDescuentos, 0);
     EXPECT_GT(exentas, 0);
 
