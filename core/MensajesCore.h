@@ -19,6 +19,8 @@ inline const QString kSinEmisor = QStringLiteral(
 inline const QString kSinContabilizacion = QStringLiteral(
     "La contabilización automática no está disponible en esta instalación: desactive la "
     "contabilización al grabar (Par_ModConCon) o instale el enlace contable.");
+inline const QString kCodigoPaginaNoDisponible =
+    QStringLiteral("El código de página «%1» no está disponible en este sistema.");
 
 // Failures of the database, by kind; the server's own text goes to the detail.
 inline const QString kBdOcupada =

@@ -7,7 +7,7 @@
 #pragma once
 
 #include <ClsSpool.h>
-#include <Columnas.h>
+#include <ControlImpresora.h>
 #include <QByteArray>
 #include <QFile>
 #include <QString>
@@ -19,10 +19,6 @@ inline const QString kSpoolColaRechaza =
     QStringLiteral("La cola de impresión «%1» no ha aceptado el trabajo: %2");
 inline const QString kSpoolFichero = QStringLiteral("No se ha podido escribir en el fichero %1.");
 } // namespace mensajes
-
-// The layouts pad their columns on text already in the code page; the
-// device converts with the same function.
-using spool::ConvierteCodigoPagina;
 
 // The default queue named by the output of "lpstat -d" (in the C locale),
 // empty when there is none: lpstat says so and still ends well, and lp

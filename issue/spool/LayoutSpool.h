@@ -6,7 +6,7 @@
 // behaviour overrides the hooks.
 #pragma once
 
-#include "Columnas.h"
+#include "ControlImpresora.h"
 #include "Estacionario.h"
 
 #include <ClsSpool.h>

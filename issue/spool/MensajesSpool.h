@@ -11,8 +11,6 @@ inline const QString kDecimalesCantidad = QStringLiteral(
     "Numero de decimales en cantidad es superior al máximo permitido para este diseño");
 inline const QString kSuperadoCaracteres =
     QStringLiteral("Superado el número máximos de caractéres por linea");
-inline const QString kCodigoPaginaNoDisponible =
-    QStringLiteral("El código de página «%1» de la impresora no está disponible.");
 inline const QString kTituloEmisionFacturas = QStringLiteral("Emisión de facturas");
 
 } // namespace vk::mensajes

@@ -1,6 +1,6 @@
 #include "PieFacturaIva.h"
 
-#include "Columnas.h"
+#include "ControlImpresora.h"
 #include "LayoutSpool.h"
 
 #include <Formato.h>

@@ -1,15 +1,13 @@
-#include "Columnas.h"
+#include "CodigoPagina.h"
 
-#include "MensajesSpool.h"
+#include "ErrorBd.h"
+#include "MensajesCore.h"
 
-#include <Ajustes.h>
-#include <ErrorBd.h>
-#include <Formato.h>
 #include <algorithm>
 #include <cerrno>
 #include <iconv.h>
 
-namespace vk::spool {
+namespace vk {
 
 namespace {
 
@@ -52,62 +50,6 @@ QByteArray Iconv(const QByteArray& destino, const QByteArray& origen, QByteArray
 
 } // namespace
 
-QString Espacios(int n) {
-    return n > 0 ? QString(n, QLatin1Char(' ')) : QString();
-}
-
-QString Derecha(const QString& texto, int n) {
-    return Format(texto, QString(n, QLatin1Char('@')));
-}
-
-QString Izquierda(const QString& texto, int n) {
-    return Format(texto, QLatin1Char('!') + QString(n, QLatin1Char('@')));
-}
-
-QString Cifra(const QVariant& valor, const QString& mascara, int n) {
-    return Derecha(Format(valor, mascara), n);
-}
-
-QString CifraSi(double valor, const QString& mascara, int n) {
-    return valor != 0 ? Cifra(valor, mascara, n) : Espacios(n);
-}
-
-QString TrimBlancos(const QString& texto) {
-    qsizetype inicio = 0;
-    qsizetype fin = texto.size();
-    while (inicio < fin && texto[inicio] == QLatin1Char(' ')) {
-        ++inicio;
-    }
-    while (fin > inicio && texto[fin - 1] == QLatin1Char(' ')) {
-        --fin;
-    }
-    return texto.mid(inicio, fin - inicio);
-}
-
-QString fnAlinea(const QString& sTexto, int nAncho, int nModo) {
-    const int largo = static_cast<int>(sTexto.size());
-    if (largo == nAncho) {
-        return sTexto;
-    }
-    if (largo > nAncho) {
-        return sTexto.left(nAncho);
-    }
-    const int faltan = nAncho - largo;
-    switch (nModo) {
-    case 0:
-        return sTexto + Espacios(faltan);
-    case 1:
-        return Espacios(faltan) + sTexto;
-    default:
-        return Espacios(faltan / 2) + sTexto + Espacios(faltan / 2);
-    }
-}
-
-QString CodigoPaginaImpresora() {
-    return LeeAjuste(QStringLiteral("ORVA"), QStringLiteral("Spool"), QStringLiteral("CodePage"),
-                     QStringLiteral("CP850"));
-}
-
 QByteArray ConvierteCodigoPagina(const QString& texto, const QString& codigoPagina) {
     return Iconv(codigoPagina.toLatin1() + "//TRANSLIT", "UTF-8", texto.toUtf8(), codigoPagina);
 }
@@ -124,4 +66,4 @@ QString AjustaCodigoPagina(const QString& texto, const QString& codigoPagina) {
                                    ConvierteCodigoPagina(texto, codigoPagina), codigoPagina));
 }
 
-} // namespace vk::spool
+} // namespace vk
