@@ -7,10 +7,6 @@
 
 namespace vk {
 
-VKFACVENTAS* Factura = nullptr;
-QString sTextoLOPD;
-QString sSerieAlbaran;
-
 namespace {
 
 void muestra(const QString& pantalla, const QVariantMap& argumentos = {}) {
@@ -41,16 +37,9 @@ QString TextoLOPDBase() {
                "15/1999. El Responsable del Fichero es: ");
 }
 
-VKFACVENTAS::VKFACVENTAS() {
-    Factura = this;
-    sTextoLOPD = TextoLOPDBase();
-}
+VKFACVENTAS::VKFACVENTAS() : sTextoLOPD(TextoLOPDBase()) {}
 
-VKFACVENTAS::~VKFACVENTAS() {
-    if (Factura == this) {
-        Factura = nullptr;
-    }
-}
+VKFACVENTAS::~VKFACVENTAS() = default;
 
 BdSesion& VKFACVENTAS::MyBd() const {
     if (!bd_) {

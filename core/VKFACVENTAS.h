@@ -18,8 +18,7 @@ namespace vk {
 
 class VKFACVENTAS {
 public:
-    // Class_Initialize: becomes the module reference `Factura`, one copy,
-    // built-in data protection clause.
+    // Starts with the built-in data protection clause.
     VKFACVENTAS();
     ~VKFACVENTAS();
     VKFACVENTAS(const VKFACVENTAS&) = delete;
@@ -87,6 +86,10 @@ public:
     bool TieneSesion() const { return bd_ != nullptr; }
     // Stores the session and settles the clause for its company.
     void setMyBd(BdSesion& sesion);
+    // The data protection clause printed on invoices.
+    QString sTextoLOPD;
+    // The user's delivery note series, left by getSeriesFactura.
+    QString sSerieAlbaran;
 
     // --- screen entries (through the host's screen launcher) ---
     void jEditaFactura(const QString& sSerie, qint32 nNumero, bool bSoloLectura = false);
@@ -150,11 +153,6 @@ public:
                                                bool bCobros, bool bBorra, bool bEdicion,
                                                const QString& sAsientoCobro) = 0;
 };
-
-// Module state: the one instance, and the clause printed on invoices.
-extern VKFACVENTAS* Factura;
-extern QString sTextoLOPD;
-extern QString sSerieAlbaran;
 
 // The built-in data protection clause, ending in "El Responsable del Fichero es: ".
 QString TextoLOPDBase();

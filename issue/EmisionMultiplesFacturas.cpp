@@ -39,18 +39,15 @@ public:
 
 private:
     void ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qint32>& vIds, bool bForce,
-                 qint16 nOrigen, bool& retencionCambiada);
+                 qint16 nOrigen);
 };
 
 void EmisorIncorporado::EmisionMultiplesFacturas(VKFACVENTAS& f, qint16 nDiseno, bool,
                                                  const QVector<qint32>& vIds, bool bForce,
                                                  qint16 nOrigen) {
-    bool retencionCambiada = false;
     try {
-        ejecuta(f, nDiseno, vIds, bForce, nOrigen, retencionCambiada);
+        ejecuta(f, nDiseno, vIds, bForce, nOrigen);
     } catch (const ErrorBd& e) {
-        // The failure exit does not undo the withholding mark: the next run
-        // starts from it until the parameters are read again.
         Ui().PunteroEspera(false);
         Ui().Mensaje(mensajes::kErrorEmitiendo + QLatin1Char('\n') + e.Mensaje(), Icono::Error,
                      mensajes::kAccionCancelada);
@@ -59,36 +56,33 @@ void EmisorIncorporado::EmisionMultiplesFacturas(VKFACVENTAS& f, qint16 nDiseno,
     // Closing.
     Ui().PunteroEspera(false);
     Ui().Cede();
-    if (retencionCambiada) {
-        f.MyBd().RecargaParametros(QStringLiteral("Select * from parametros"));
-    }
 }
 
 void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qint32>& vIds,
-                                bool bForce, qint16 nOrigen, bool& retencionCambiada) {
+                                bool bForce, qint16 nOrigen) {
     BdSesion& bd = f.MyBd();
-    BdParametros& par = bd.Parametros();
+    const BdParametros& par = bd.Parametros();
     const QString kDiseno = QStringLiteral("Par_DiseñoFactura");
+    // This run's choices over the company's parameters.
+    ParametrosEmision run;
 
     // Preamble.
     if (!bForce) {
         msRegistraDisenos();
         f.prnEmp = static_cast<qint16>(par.Item(QStringLiteral("Par_prnEmp")).Entero());
         if (par.Item(QStringLiteral("Par_PeDiFact")).Entero() == 1 && nOrigen == 0) {
-            nDisenoEmision = -1;
             frmEmisionFacturas dialogo(f);
             Ui().MuestraDialogo(dialogo);
-            if (nDisenoEmision <= -1) {
-                bd.RecargaParametros(QStringLiteral("Select * from parametros"));
+            if (dialogo.nDisenoEmision <= -1) {
                 return;
             }
-            par.Item(kDiseno).setValue(nDisenoEmision);
+            run = dialogo.Eleccion;
         }
     }
 
     // Text route of design 6.
     bool trasTexto = false;
-    if (par.Item(kDiseno).Entero() == 6 && nOrigen == 0) {
+    if (run.Entero(par, kDiseno) == 6 && nOrigen == 0) {
         if (f.Tipo_Emision == 1) {
             if (const auto layout =
                     fnLayoutTexto(par.Item(QStringLiteral("PAR_PLANTILLA_FAC")).Texto())) {
@@ -111,17 +105,17 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
 
     // The families that bring their own data and run to their own end.
     if (nOrigen == 0) {
-        switch (par.Item(kDiseno).Entero()) {
+        switch (run.Entero(par, kDiseno)) {
         case 5:
-            msFacturaObras(f, vIds, false);
+            msFacturaObras(f, vIds, false, run);
             return;
         case 7:
         case 9:
         case 11:
-            msFacturaObras(f, vIds, true);
+            msFacturaObras(f, vIds, true, run);
             return;
         case 18:
-            msFacturaTransportes(f, vIds);
+            msFacturaTransportes(f, vIds, run);
             return;
         default:
             break;
@@ -138,8 +132,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
     // withholding report, for this run only.
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
         if (rs.Fields(QStringLiteral("Fav_Ret")).Doble() > 0) {
-            par.Item(QStringLiteral("Par_RegFiscal")).setValue(3);
-            retencionCambiada = true;
+            run.Fija(QStringLiteral("Par_RegFiscal"), 3);
             break;
         }
     }
@@ -150,7 +143,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
 
     const EmpresaEmision empresa = CargaEmpresa(bd);
     if (nOrigen == 0) {
-        nDiseno = static_cast<qint16>(par.Item(kDiseno).Entero());
+        nDiseno = static_cast<qint16>(run.Entero(par, kDiseno));
         Ui().Cede();
     }
     EleccionReporte eleccion;
@@ -158,12 +151,12 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
     eleccion.plantilla = par.Item(QStringLiteral("PAR_PLANTILLA_FAC")).Texto();
     eleccion.nombreEmpresa = par.Item(QStringLiteral("PAR_NOMBRE")).Texto();
     eleccion.tipoEmision = f.Tipo_Emision;
-    eleccion.regimenFiscal = par.Item(QStringLiteral("Par_RegFiscal")).Entero();
+    eleccion.regimenFiscal = run.Entero(par, QStringLiteral("Par_RegFiscal"));
     const QString nombreReporte = fnNombreReporte(eleccion);
     std::unique_ptr<informe::Reporte> r = CargaReporte(nombreReporte);
 
     // Options, copy mark, frames, letterhead and paper, then the data.
-    PreparaInforme(*r, bd, empresa, nombreReporte, ContextoDe(f, nDiseno));
+    PreparaInforme(*r, bd, empresa, nombreReporte, ContextoDe(f, nDiseno, run));
     if (r->HasSavedData()) {
         r->DiscardSavedData();
     }

@@ -30,15 +30,15 @@ QString enteros(const QList<qint64>& ids) {
 }
 
 // The works options of the company on the report.
-void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, qint16 nDiseno,
+void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, const ContextoInforme& c,
                     const QString& plantillaObras) {
     BdSesion& bd = f.MyBd();
+    const qint16 nDiseno = c.nDiseno;
     const EmpresaEmision empresa = CargaEmpresa(bd);
-    const ContextoInforme c = ContextoDe(f, nDiseno);
-    OpcionProteccionDatos(r, bd);
+    OpcionProteccionDatos(r, bd, c);
     OpcionBultos(r, bd, c);
-    OpcionLotesAgente(r, bd);
-    OpcionFormaPago(r, bd);
+    OpcionLotesAgente(r, bd, c);
+    OpcionFormaPago(r, bd, c);
     if (informe::Seccion* s = r.Sections.Busca(QStringLiteral("GroupHeaderSection1"))) {
         s->Suppress = !f.ImprimeAlbaran;
     }
@@ -50,13 +50,13 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, qint16 nDiseno,
         }
     }
     AplicaCopia(r, f.Copia);
-    AplicaMarcos(r, bd, empresa);
+    AplicaMarcos(r, bd, empresa, c);
     MembreteGrupoA(r, bd, empresa, c);
-    PiesPorParametro(r, bd);
+    PiesPorParametro(r, bd, c);
     // The installations of these keys print their logo from the design.
     if (!QStringList{QStringLiteral("PLT41"), QStringLiteral("PLT42"), QStringLiteral("PLT43")}
              .contains(plantillaObras)) {
-        LogoPorParametro(r, bd);
+        LogoPorParametro(r, bd, c);
     }
 }
 
@@ -169,16 +169,19 @@ CursoresObras LeeCursoresObras(BdSesion& bd, const ListasObras& l) {
     return c;
 }
 
-void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras) {
+void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
+                    const ParametrosEmision& parametros) {
     familias::Ejecuta(mensajes::kGeneradorInformes, mensajes::kErrorGenerando, [&] {
         BdSesion& bd = f.MyBd();
-        const auto nDiseno =
-            static_cast<qint16>(bd.Parametros().Entero(QStringLiteral("Par_DiseñoFactura")));
-        const QString plantillaObras =
-            bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FOBRAS"));
+        const ContextoInforme contexto =
+            ContextoDe(f,
+                       static_cast<qint16>(
+                           parametros.Entero(bd.Parametros(), QStringLiteral("Par_DiseñoFactura"))),
+                       parametros);
+        const QString plantillaObras = contexto.Texto(bd, QStringLiteral("PAR_PLANTILLA_FOBRAS"));
         const ReporteObras eleccion = fnReporteObras(
-            nDiseno, bObras, plantillaObras,
-            bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FAC")), fnCarpetaDatos());
+            contexto.nDiseno, bObras, plantillaObras,
+            contexto.Texto(bd, QStringLiteral("PAR_PLANTILLA_FAC")), fnCarpetaDatos());
         std::unique_ptr<informe::Reporte> r;
         if (eleccion.fichero.isEmpty()) {
             r = CargaReporte(eleccion.nombre);
@@ -197,7 +200,7 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras) {
             }
         }
         // The margin of the company's stationery, on every route.
-        r->TopMargin += static_cast<int>(bd.Parametros().Entero(QStringLiteral("Par_TopMarg")));
+        r->TopMargin += static_cast<int>(contexto.Entero(bd, QStringLiteral("Par_TopMarg")));
 
         Ui().PunteroEspera(true);
         Ui().Cede();
@@ -206,7 +209,7 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras) {
             return;
         }
         const CursoresObras c = LeeCursoresObras(bd, RecogeListasObras(bd, rs));
-        aplicaOpciones(f, *r, nDiseno, plantillaObras.toUpper());
+        aplicaOpciones(f, *r, contexto, plantillaObras.toUpper());
         if (r->HasSavedData()) {
             r->DiscardSavedData();
         }

@@ -3,6 +3,8 @@
 // measures of the selection in four subreports, bound in that order.
 #pragma once
 
+#include "ParametrosEmision.h"
+
 #include <BdSesion.h>
 #include <QList>
 #include <QString>
@@ -48,6 +50,7 @@ CursoresObras LeeCursoresObras(BdSesion& bd, const ListasObras& listas);
 // The family: report, rows, subreports, options, letterhead, logo and the
 // route of Tipo_Emision. Failures end in the family's own box; a template
 // file that is missing or cannot be read ends it with its own message.
-void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras);
+void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
+                    const ParametrosEmision& parametros = {});
 
 } // namespace vk

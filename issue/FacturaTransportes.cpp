@@ -108,16 +108,16 @@ void leePeriodoCuota(BdSesion& bd, qint32 idFactura, DatosTransportes& d) {
 
 // The options, copy mark, frames, letterhead of group A with the mobile
 // phone in the telephone line, foot lines and logo.
-void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r) {
+void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r, const ContextoInforme& c) {
     BdSesion& bd = f.MyBd();
     const EmpresaEmision e = CargaEmpresa(bd);
-    OpcionProteccionDatos(r, bd);
-    OpcionFormaPago(r, bd);
-    OpcionLotesAgente(r, bd);
+    OpcionProteccionDatos(r, bd, c);
+    OpcionFormaPago(r, bd, c);
+    OpcionLotesAgente(r, bd, c);
     AplicaCopia(r, f.Copia);
-    AplicaMarcos(r, bd, e);
-    MembreteGrupoA(r, bd, e, ContextoDe(f, 18));
-    if (bd.Parametros().Entero(QStringLiteral("Par_PrnEmp")) == 1) {
+    AplicaMarcos(r, bd, e, c);
+    MembreteGrupoA(r, bd, e, c);
+    if (c.Entero(bd, QStringLiteral("Par_PrnEmp")) == 1) {
         QStringList partes;
         if (!e.telefono.isEmpty()) {
             partes << QStringLiteral("Tlf. ") + e.telefono;
@@ -137,7 +137,7 @@ void aplicaOpciones(VKFACVENTAS& f, informe::Reporte& r) {
         }
         r.FormulaFields.Asigna(QStringLiteral("cLiteralMail"), informe::Entrecomilla(correo));
     }
-    LogoPorParametro(r, bd);
+    LogoPorParametro(r, bd, c);
 }
 
 } // namespace
@@ -231,10 +231,12 @@ DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids) {
     return d;
 }
 
-void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds,
+                          const ParametrosEmision& parametros) {
     familias::Ejecuta(mensajes::kAccionCancelada, mensajes::kErrorEmitiendo, [&] {
         BdSesion& bd = f.MyBd();
-        const qint64 copias = bd.Parametros().Entero(QStringLiteral("Par_NCopFac"));
+        const ContextoInforme contexto = ContextoDe(f, 18, parametros);
+        const qint64 copias = contexto.Entero(bd, QStringLiteral("Par_NCopFac"));
         if (copias > 1) {
             f.NumCopias = static_cast<qint16>(copias);
         }
@@ -246,8 +248,8 @@ void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         }
         std::unique_ptr<informe::Reporte> r = CargaReporte(d.reporte.nombre);
         // The margin of the company's stationery, on every route.
-        r->TopMargin += static_cast<int>(bd.Parametros().Entero(QStringLiteral("Par_TopMarg")));
-        aplicaOpciones(f, *r);
+        r->TopMargin += static_cast<int>(contexto.Entero(bd, QStringLiteral("Par_TopMarg")));
+        aplicaOpciones(f, *r, contexto);
         r->FormulaFields.Asigna(QStringLiteral("bControlNuevaGestion"),
                                 d.nuevaGestion ? QStringLiteral("True") : QStringLiteral("False"));
         r->FormulaFields.Asigna(QStringLiteral("cCuotas"), informe::Entrecomilla(d.cuotas));

@@ -2,6 +2,8 @@
 // subreport "Viajes", the voyage legs the invoice's lines charge for.
 #pragma once
 
+#include "ParametrosEmision.h"
+
 #include <BdSesion.h>
 #include <QString>
 #include <QVector>
@@ -45,6 +47,7 @@ DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids);
 
 // The family: report, rows, voyages, options, letterhead, logo and the
 // route of Tipo_Emision. Par_NCopFac above 1 sets the copies of the run.
-void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds);
+void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds,
+                          const ParametrosEmision& parametros = {});
 
 } // namespace vk

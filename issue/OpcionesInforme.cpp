@@ -153,7 +153,7 @@ Brazo brazoDe(const QString& nombre, const ContextoInforme& c) {
 }
 
 void reglaBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
-    const bool bultos = bd.Parametros().Entero(QStringLiteral("par_bultos")) != 0;
+    const bool bultos = c.Entero(bd, QStringLiteral("par_bultos")) != 0;
     suprime(r, QStringLiteral("CajasBultos"), !bultos);
     suprime(r, QStringLiteral("LavBulto1"), !bultos);
     if (informe::ObjetoInforme* d = r.BuscaObjeto(QStringLiteral("LiteralDescripcion1"))) {
@@ -164,7 +164,7 @@ void reglaBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
             sin = 7200;
         }
         d->Width = r.AnchoDescripcion(bultos ? 6800 : sin);
-        d->HorAlignment = bd.Parametros().Entero(QStringLiteral("Par_Justificar")) == 1
+        d->HorAlignment = c.Entero(bd, QStringLiteral("Par_Justificar")) == 1
                               ? informe::crJustified
                               : informe::crLeftAlign;
     }
@@ -195,35 +195,36 @@ void papelMembrete(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
     if (c.prnEmp != 1) {
         membreteVacio(r);
     }
-    PiesPorParametro(r, bd);
+    PiesPorParametro(r, bd, c);
 }
 
 } // namespace
 
-ContextoInforme ContextoDe(const VKFACVENTAS& f, qint16 nDiseno) {
+ContextoInforme ContextoDe(const VKFACVENTAS& f, qint16 nDiseno, ParametrosEmision parametros) {
     ContextoInforme c;
     c.nDiseno = nDiseno;
+    c.parametros = std::move(parametros);
     BdSesion& bd = f.MyBd();
-    c.plantilla = bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FAC")).toUpper();
+    c.plantilla = c.Texto(bd, QStringLiteral("PAR_PLANTILLA_FAC")).toUpper();
     c.tipoEmision = f.Tipo_Emision;
     c.copia = f.Copia;
     c.imprimeAlbaran = f.ImprimeAlbaran;
     c.prnEmp = f.prnEmp;
     c.idUsuario = bd.IdUsuario();
+    c.textoLopd = f.sTextoLOPD;
     return c;
 }
 
-void OpcionProteccionDatos(Reporte& r, BdSesion& bd) {
-    const bool lopd = bd.Parametros().Entero(QStringLiteral("PAR_FLOPD")) != 0;
+void OpcionProteccionDatos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
+    const bool lopd = c.Entero(bd, QStringLiteral("PAR_FLOPD")) != 0;
     suprime(r, QStringLiteral("GroupLopd"), !lopd);
     if (lopd) {
-        r.FormulaFields.Asigna(QStringLiteral("lopd"), Entrecomilla(sTextoLOPD));
+        r.FormulaFields.Asigna(QStringLiteral("lopd"), Entrecomilla(c.textoLopd));
     }
 }
 
-void OpcionFormaPago(Reporte& r, BdSesion& bd) {
-    suprime(r, QStringLiteral("GroupCpago"),
-            bd.Parametros().Entero(QStringLiteral("Par_PrintFco")) == 0);
+void OpcionFormaPago(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
+    suprime(r, QStringLiteral("GroupCpago"), c.Entero(bd, QStringLiteral("Par_PrintFco")) == 0);
 }
 
 void OpcionBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
@@ -241,27 +242,26 @@ void OpcionBultos(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
     reglaBultos(r, bd, c);
 }
 
-void OpcionLotes(Reporte& r, BdSesion& bd) {
+void OpcionLotes(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
     r.FormulaFields.Asigna(QStringLiteral("bControlLotes"),
-                           bd.Parametros().Entero(QStringLiteral("Par_Lotes")) == 0
-                               ? QStringLiteral("False")
-                               : QStringLiteral("True"));
+                           c.Entero(bd, QStringLiteral("Par_Lotes")) == 0 ? QStringLiteral("False")
+                                                                          : QStringLiteral("True"));
 }
 
-void OpcionAgente(Reporte& r, BdSesion& bd) {
-    if (bd.Parametros().Entero(QStringLiteral("Par_NComer")) == 0) {
+void OpcionAgente(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
+    if (c.Entero(bd, QStringLiteral("Par_NComer")) == 0) {
         r.FormulaFields.Asigna(QStringLiteral("cLiteralComer"), kVacio);
     }
 }
 
-void OpcionLotesAgente(Reporte& r, BdSesion& bd) {
-    OpcionLotes(r, bd);
-    OpcionAgente(r, bd);
+void OpcionLotesAgente(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
+    OpcionLotes(r, bd, c);
+    OpcionAgente(r, bd, c);
 }
 
-void OpcionDescripcionAmpliada(Reporte& r, BdSesion& bd) {
+void OpcionDescripcionAmpliada(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
     r.FormulaFields.Asigna(QStringLiteral("bControlDesAmp"),
-                           bd.Parametros().Entero(QStringLiteral("Par_FacDesAmp")) == 0
+                           c.Entero(bd, QStringLiteral("Par_FacDesAmp")) == 0
                                ? QStringLiteral("True")
                                : QStringLiteral("False"));
 }
@@ -288,10 +288,10 @@ void AplicaOpcionesReporte(Reporte& r, BdSesion& bd, const EmpresaEmision& e,
 
     const Brazo b = brazoDe(nombreReporte, c);
     if (b.lopd) {
-        OpcionProteccionDatos(r, bd);
+        OpcionProteccionDatos(r, bd, c);
     }
     if (b.formaPago) {
-        OpcionFormaPago(r, bd);
+        OpcionFormaPago(r, bd, c);
     }
     if (b.bultosPorClave) {
         OpcionBultos(r, bd, c);
@@ -299,13 +299,13 @@ void AplicaOpcionesReporte(Reporte& r, BdSesion& bd, const EmpresaEmision& e,
         reglaBultos(r, bd, c);
     }
     if (b.lotes) {
-        OpcionLotes(r, bd);
+        OpcionLotes(r, bd, c);
     }
     if (b.agente) {
-        OpcionAgente(r, bd);
+        OpcionAgente(r, bd, c);
     }
     if (b.desAmp) {
-        OpcionDescripcionAmpliada(r, bd);
+        OpcionDescripcionAmpliada(r, bd, c);
     }
 
     if (enLista(nombreReporte, {"CrFacturaGeneral2", "CrFacturaAutomocion"}) &&
@@ -324,25 +324,25 @@ void AplicaCopia(Reporte& r, bool copia) {
                            copia ? QStringLiteral("'* DUPLICADO DE FACTURA *'") : kVacio);
 }
 
-void AplicaMarcos(Reporte& r, BdSesion& bd, const EmpresaEmision& e) {
-    if (bd.Parametros().Entero(QStringLiteral("Par_Sincuadros")) != 0 &&
+void AplicaMarcos(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const ContextoInforme& c) {
+    if (c.Entero(bd, QStringLiteral("Par_Sincuadros")) != 0 &&
         !e.nombre.contains(QLatin1String("PLT18"), Qt::CaseInsensitive)) {
         suprime(r, QStringLiteral("Box1"), true);
         suprime(r, QStringLiteral("Box2"), true);
     }
 }
 
-void PiesPorParametro(Reporte& r, BdSesion& bd) {
+void PiesPorParametro(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
     for (int i = 1; i <= 2; ++i) {
-        if (bd.Parametros().Entero(QStringLiteral("Par_PrnL%1").arg(i)) == 0) {
+        if (c.Entero(bd, QStringLiteral("Par_PrnL%1").arg(i)) == 0) {
             r.FormulaFields.Asigna(QStringLiteral("pLiteralLinea%1").arg(i), kVacio);
         }
     }
 }
 
-void LogoPorParametro(Reporte& r, BdSesion& bd) {
-    if (bd.Parametros().Entero(QStringLiteral("Par_prnlogo")) == 1) {
-        ColocaLogo(r, bd, bd.IdUsuario()); // suppresses the logo when it fails
+void LogoPorParametro(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
+    if (c.Entero(bd, QStringLiteral("Par_prnlogo")) == 1) {
+        ColocaLogo(r, bd, c); // suppresses the logo when it fails
     } else {
         suprime(r, QStringLiteral("LogoEmpresa"), true);
     }
@@ -372,7 +372,7 @@ void MembreteGrupoA(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
         }
         r.FormulaFields.Asigna(QStringLiteral("cLiteralTelefono"), Entrecomilla(tlf));
         r.FormulaFields.Asigna(QStringLiteral("cLiteralMail"), Entrecomilla(lineaCorreo(e)));
-        if (!ColocaLogo(r, bd, c.idUsuario)) {
+        if (!ColocaLogo(r, bd, c)) {
             suprime(r, QStringLiteral("LogoEmpresa"), true);
         }
     } else if (es(k, "PLT03") || k.contains(QLatin1String("PLT29")) ||
@@ -382,7 +382,7 @@ void MembreteGrupoA(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
                                Entrecomilla(QStringLiteral("Tlf. ") + e.telefono +
                                             QStringLiteral(" - Fax.") + e.fax +
                                             QStringLiteral(" - Email.") + e.correo));
-    } else if (bd.Parametros().Entero(QStringLiteral("Par_PrnEmp")) == 1) {
+    } else if (c.Entero(bd, QStringLiteral("Par_PrnEmp")) == 1) {
         QString tlf;
         if (es(k, "PLT34")) {
             QStringList partes;
@@ -413,7 +413,7 @@ void MembreteGrupoA(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
 void AplicaMembrete(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const ContextoInforme& c) {
     if (grupoA(c.nDiseno)) {
         if (c.nDiseno == 19) {
-            OpcionDescripcionAmpliada(r, bd);
+            OpcionDescripcionAmpliada(r, bd, c);
         }
         MembreteGrupoA(r, bd, e, c);
         if (c.nDiseno == 16) {
@@ -436,7 +436,7 @@ void AplicaMembrete(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
         PiesFactura(r, e);
     }
 
-    if (bd.Parametros().Entero(QStringLiteral("Par_PrintFco")) == 0) {
+    if (c.Entero(bd, QStringLiteral("Par_PrintFco")) == 0) {
         for (const char* n : {"txtConPago", "txtVencimientos"}) {
             suprime(r, QString::fromLatin1(n), true);
         }
@@ -447,7 +447,7 @@ void AplicaMembrete(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const Con
             suprime(r, QStringLiteral("LiteralVto%1").arg(i * 10 + 1), true);
         }
     }
-    if (bd.Parametros().Entero(QStringLiteral("Par_DiseñoFactura")) == 6) {
+    if (c.Entero(bd, QStringLiteral("Par_DiseñoFactura")) == 6) {
         // A tinted heading prints black on an impact printer.
         for (const char* n :
              {"txtColConcepto", "txtColCantidad", "txtColImporte", "txtColPrecio", "Text9"}) {
@@ -486,8 +486,8 @@ bool fnExtraeLogo(BdSesion& bd, const QString& ruta) {
     }
 }
 
-bool ColocaLogo(Reporte& r, BdSesion& bd, qint32 idUsuario) {
-    const QString ruta = fnRutaLogo(idUsuario);
+bool ColocaLogo(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
+    const QString ruta = fnRutaLogo(c.idUsuario);
     if (!fnExtraeLogo(bd, ruta)) {
         suprime(r, QStringLiteral("LogoEmpresa"), true);
         return false;
@@ -499,8 +499,8 @@ bool ColocaLogo(Reporte& r, BdSesion& bd, qint32 idUsuario) {
         // never placed its logo keeps the design's size, and no company's
         // size takes the logo out of the design's frame, where it would
         // cover the letterhead.
-        const qint64 x = bd.Parametros().Entero(QStringLiteral("Par_ImgPosX")),
-                     y = bd.Parametros().Entero(QStringLiteral("Par_ImgPosY"));
+        const qint64 x = c.Entero(bd, QStringLiteral("Par_ImgPosX")),
+                     y = c.Entero(bd, QStringLiteral("Par_ImgPosY"));
         if (x > 0 && y > 0) {
             logo->Height = static_cast<int>(std::min<qint64>(x, logo->Height));
             logo->Width = static_cast<int>(std::min<qint64>(y, logo->Width));
@@ -512,12 +512,12 @@ bool ColocaLogo(Reporte& r, BdSesion& bd, qint32 idUsuario) {
 void AplicaPapel(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
     const QString& k = c.plantilla;
     const qint16 d = c.nDiseno;
-    const bool logoSi = bd.Parametros().Entero(QStringLiteral("Par_prnlogo")) == 1;
+    const bool logoSi = c.Entero(bd, QStringLiteral("Par_prnlogo")) == 1;
     if (c.tipoEmision == 0 || c.tipoEmision == 1) {
         if (d == 0 || d == 10 || d == 12 || d == 13 || d == 19) {
             papelMembrete(r, bd, c);
             if (es(k, "PLT23")) {
-                LogoPorParametro(r, bd);
+                LogoPorParametro(r, bd, c);
             }
         } else if (d == 1) {
             if (es(k, "PLT23")) {
@@ -535,7 +535,7 @@ void AplicaPapel(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
                 } else if (es(k, "PLT04")) {
                     suprime(r, QStringLiteral("LogoEmpresa"), true);
                     suprime(r, QStringLiteral("Picture1"), true);
-                } else if (!ColocaLogo(r, bd, c.idUsuario)) {
+                } else if (!ColocaLogo(r, bd, c)) {
                     deslizaMembrete(r, c);
                 }
             } else {
@@ -580,7 +580,7 @@ void AplicaPapel(Reporte& r, BdSesion& bd, const ContextoInforme& c) {
                 suprime(r, QStringLiteral("LogoEmpresa"), false);
             }
         } else {
-            ColocaLogo(r, bd, c.idUsuario);
+            ColocaLogo(r, bd, c);
         }
     }
 }
@@ -589,7 +589,7 @@ void PreparaInforme(Reporte& r, BdSesion& bd, const EmpresaEmision& e, const QSt
                     const ContextoInforme& c) {
     AplicaOpcionesReporte(r, bd, e, nombreReporte, c);
     AplicaCopia(r, c.copia);
-    AplicaMarcos(r, bd, e);
+    AplicaMarcos(r, bd, e, c);
     AplicaMembrete(r, bd, e, c);
     AplicaPapel(r, bd, c);
     if (r.ReportTitle.isEmpty()) {

@@ -4,8 +4,6 @@
 
 namespace vk {
 
-qint16 nDisenoEmision = -1;
-
 namespace {
 
 const QString kVerOpciones = QStringLiteral("&Ver Opciones de Salida");
@@ -54,6 +52,7 @@ const QStringList& DisenosFactura() {
 frmEmisionFacturas::frmEmisionFacturas(VKFACVENTAS& factura) : factura_(factura) {
     cmdVerCaption = kVerOpciones;
     Height = kAltoCorto;
+    // What the company has saved, as another user may have just changed it.
     factura.MyBd().RecargaParametros(QStringLiteral("Select * from parametros"));
     cmbDiseno = DisenosFactura();
     cargaOpciones();
@@ -86,16 +85,18 @@ void frmEmisionFacturas::cmdVer() {
 
 void frmEmisionFacturas::cmdEmitir() {
     nDisenoEmision = static_cast<qint16>(cmbDisenoIndex);
-    BdParametros& par = factura_.MyBd().Parametros();
+    Eleccion = {};
+    Eleccion.Fija(QStringLiteral("Par_DiseñoFactura"), nDisenoEmision);
     for (std::size_t i = 0; i < kOpciones.size(); ++i) {
         const bool marcada = lstOpcionesPapel[i].marcada;
-        par.Item(QString::fromUtf8(kOpciones[i].parametro))
-            .setValue(kOpciones[i].logico ? QVariant(marcada) : QVariant(marcada ? 1 : 0));
+        Eleccion.Fija(QString::fromUtf8(kOpciones[i].parametro),
+                      kOpciones[i].logico ? QVariant(marcada) : QVariant(marcada ? 1 : 0));
     }
 }
 
 void frmEmisionFacturas::cmdSalir() {
     nDisenoEmision = -1;
+    Eleccion = {};
 }
 
 } // namespace vk

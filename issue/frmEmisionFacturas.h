@@ -1,7 +1,9 @@
 // The dialog that picks the invoice design and the paper options of an issue
-// run. The options it writes live in the session's parameter record only: they
-// last until the parameters are read again, never reaching the table.
+// run. Its choices belong to the run that opened it: they never reach the
+// session's parameters nor the table.
 #pragma once
+
+#include "ParametrosEmision.h"
 
 #include <Interaccion.h>
 #include <QString>
@@ -11,9 +13,6 @@
 namespace vk {
 
 class VKFACVENTAS;
-
-// The design picked in the dialog; -1 when it was closed without one.
-extern qint16 nDisenoEmision;
 
 // The twenty invoice designs, by number.
 const QStringList& DisenosFactura();
@@ -34,6 +33,11 @@ public:
     std::array<Opcion, 10> lstOpcionesPapel;
     QString cmdVerCaption;
     int Height = 1605; // twips: the short form hides the options
+
+    // The design picked; -1 while none was, or when it was closed without one.
+    qint16 nDisenoEmision = -1;
+    // The design and the paper options as the run takes them, by parameter.
+    ParametrosEmision Eleccion;
 
     void cmdVer();
     void cmdEmitir();

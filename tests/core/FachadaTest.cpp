@@ -42,18 +42,17 @@ protected:
 
 TEST_P(Fachada, ClauseOfTheCompany) {
     VKFACVENTAS f;
-    EXPECT_EQ(Factura, &f);
     EXPECT_EQ(f.NumCopias, 1);
-    EXPECT_TRUE(sTextoLOPD.startsWith(QStringLiteral("En cumplimiento del artículo 5 de la Ley "
-                                                     "Orgánica 15/1999")));
-    EXPECT_TRUE(sTextoLOPD.endsWith(QStringLiteral("El Responsable del Fichero es: ")));
+    EXPECT_TRUE(f.sTextoLOPD.startsWith(QStringLiteral("En cumplimiento del artículo 5 de la Ley "
+                                                       "Orgánica 15/1999")));
+    EXPECT_TRUE(f.sTextoLOPD.endsWith(QStringLiteral("El Responsable del Fichero es: ")));
 
     f.setMyBd(*s);
-    EXPECT_EQ(sTextoLOPD, TextoLOPDBase() + QStringLiteral("Ferretería López, S.L."));
+    EXPECT_EQ(f.sTextoLOPD, TextoLOPDBase() + QStringLiteral("Ferretería López, S.L."));
     // The setter does not restore the built-in text: a second setting appends
     // the name again.
     f.setMyBd(*s);
-    EXPECT_EQ(sTextoLOPD,
+    EXPECT_EQ(f.sTextoLOPD,
               TextoLOPDBase() + QStringLiteral("Ferretería López, S.L.Ferretería López, S.L."));
 
     // The company's own text wins, without its line breaks.
@@ -62,7 +61,7 @@ TEST_P(Fachada, ClauseOfTheCompany) {
                                        "derechos.\r\n")});
     VKFACVENTAS g;
     g.setMyBd(*s);
-    EXPECT_EQ(sTextoLOPD,
+    EXPECT_EQ(g.sTextoLOPD,
               QStringLiteral("Sus datos son nuestros.Escríbanos para ejercer sus derechos."));
 }
 

@@ -144,13 +144,13 @@ TEST_P(Nueva, CounterCustomerTakesTheTypedIdentity) {
 TEST_P(Nueva, SeriesOfTheUserAndSmallLookups) {
     VKFACVENTAS& f = e->factura();
     EXPECT_EQ(f.getSeriesFactura(), QStringLiteral("A"));
-    EXPECT_EQ(sSerieAlbaran, QStringLiteral("A"));
+    EXPECT_EQ(f.sSerieAlbaran, QStringLiteral("A"));
     const qint64 emp = e->bd().IdEmpresa();
     e->cn().Execute(QStringLiteral("INSERT INTO vkcomun.Pus (Pus_IdUsu, Pus_IdEmp, Pus_SerFac, "
                                    "Pus_SerAlb) VALUES (1, ?, ?, ?)"),
                     {emp, QStringLiteral("F2"), QString()});
     EXPECT_EQ(f.getSeriesFactura(), QStringLiteral("F2"));
-    EXPECT_EQ(sSerieAlbaran, QStringLiteral("A")); // an empty one does not replace
+    EXPECT_EQ(f.sSerieAlbaran, QStringLiteral("A")); // an empty one does not replace
     e->cn().Execute(QStringLiteral("INSERT INTO Centra (centra_id, centra_sfav) VALUES (7, ?)"),
                     {QStringLiteral("TDA")});
     e->cn().Execute(

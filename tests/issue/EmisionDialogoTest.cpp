@@ -1,5 +1,5 @@
-// The design and paper options dialog: what it loads, and that what it
-// writes lives in memory until the parameters are read again.
+// The design and paper options dialog: what it loads, and that its choices
+// belong to the run that opened it, never to the session or the table.
 #include "EmpresaPrueba.h"
 
 #include <frmEmisionFacturas.h>
@@ -9,7 +9,7 @@ namespace {
 
 class DialogoEmision : public PruebaMotores {};
 
-TEST_P(DialogoEmision, OptionsLiveInMemoryUntilReloaded) {
+TEST_P(DialogoEmision, ChoicesBelongToTheRunOnly) {
     EmpresaPrueba e(GetParam());
     e.parametro(QStringLiteral("Par_DiseñoFactura"), 13);
     e.parametro(QStringLiteral("Par_PrnEmp"), 1);
@@ -37,18 +37,21 @@ TEST_P(DialogoEmision, OptionsLiveInMemoryUntilReloaded) {
     d.lstOpcionesPapel[0].marcada = true;
     d.lstOpcionesPapel[9].marcada = false;
     d.cmdEmitir();
-    EXPECT_EQ(nDisenoEmision, 2);
-    BdParametros& par = e.bd().Parametros();
-    EXPECT_EQ(par.Item(QStringLiteral("Par_PrnLogo")).Entero(), 1);
-    EXPECT_FALSE(par.Item(QStringLiteral("Par_Flopd")).Activo());
-    // The table never saw them.
+    EXPECT_EQ(d.nDisenoEmision, 2);
+    const BdParametros& par = e.bd().Parametros();
+    EXPECT_EQ(d.Eleccion.Entero(par, QStringLiteral("Par_DiseñoFactura")), 2);
+    EXPECT_EQ(d.Eleccion.Entero(par, QStringLiteral("par_prnlogo")), 1);
+    EXPECT_EQ(d.Eleccion.Entero(par, QStringLiteral("Par_Flopd")), 0);
+    // Neither the session nor the table saw them.
+    EXPECT_EQ(par.Item(QStringLiteral("Par_PrnLogo")).Entero(), 0);
+    EXPECT_EQ(par.Item(QStringLiteral("Par_DiseñoFactura")).Entero(), 13);
     EXPECT_EQ(e.cuenta(QStringLiteral("SELECT Par_PrnLogo FROM Parametros")), 0);
-    e.bd().RecargaParametros(QStringLiteral("Select * from parametros"));
-    EXPECT_EQ(e.bd().Parametros().Item(QStringLiteral("Par_PrnLogo")).Entero(), 0);
 
     frmEmisionFacturas otro(e.factura());
+    EXPECT_EQ(otro.nDisenoEmision, -1);
     otro.cmdSalir();
-    EXPECT_EQ(nDisenoEmision, -1);
+    EXPECT_EQ(otro.nDisenoEmision, -1);
+    EXPECT_TRUE(otro.Eleccion.Vacio());
 }
 
 VK_EN_AMBOS_MOTORES(DialogoEmision);

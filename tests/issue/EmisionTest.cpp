@@ -123,7 +123,8 @@ TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
     // Forced: no dialog.
     EXPECT_FALSE(f.CreatePdf(id).isEmpty());
     EXPECT_TRUE(e->ui().vistos.empty());
-    // Not forced: the dialog; closing it ends the run and reloads the parameters.
+    // Not forced: the dialog, which shows what the company has saved; closing
+    // it ends the run.
     e->bd().Parametros().Item(QStringLiteral("Par_TopMarg")).setValue(99);
     f.PdfOutFile.clear();
     f.EmisionMultiplesFacturas(0, true, {id});
@@ -131,15 +132,24 @@ TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
     EXPECT_EQ(e->ui().vistos[0].texto, QStringLiteral("frmEmisionFacturas"));
     EXPECT_TRUE(f.PdfOutFile.isEmpty());
     EXPECT_EQ(e->bd().Parametros().Item(QStringLiteral("Par_TopMarg")).Entero(), 0);
-    // Accepted with a design: it stays in the cached parameters.
+    // Accepted with a design: this run takes it (design 5, the works family
+    // on a personal template missing here), the session keeps its own.
     e->ui().dialogos.push_back([](DialogoModelo& d) {
         auto& dialogo = dynamic_cast<frmEmisionFacturas&>(d);
-        dialogo.cmbDisenoIndex = 19;
+        dialogo.cmbDisenoIndex = 5;
         dialogo.cmdEmitir();
         return true;
     });
+    qputenv("VKFACTUVEN_DATOS", dir.filePath(QStringLiteral("datos")).toUtf8());
     f.EmisionMultiplesFacturas(0, true, {id});
-    EXPECT_EQ(e->bd().Parametros().Item(QStringLiteral("Par_DiseñoFactura")).Entero(), 19);
+    qunsetenv("VKFACTUVEN_DATOS");
+    ASSERT_EQ(errores().size(), 1);
+    EXPECT_EQ(errores()[0], mensajes::kPlantillaPersonalNoPresente);
+    EXPECT_EQ(e->bd().Parametros().Item(QStringLiteral("Par_DiseñoFactura")).Entero(), 0);
+    // The next run starts from the company's design again.
+    e->ui().vistos.clear();
+    EXPECT_FALSE(f.CreatePdf(id).isEmpty());
+    EXPECT_TRUE(errores().isEmpty());
 }
 
 TEST_P(Emision, OriginOtherThanZeroSkipsTheFamiliesAndTheTextRoute) {

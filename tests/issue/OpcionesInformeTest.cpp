@@ -108,6 +108,7 @@ protected:
     std::unique_ptr<Reporte> prepara(const QString& nombre, ContextoInforme c) {
         auto r = reporteCompleto();
         c.idUsuario = 7;
+        c.textoLopd = e->factura().sTextoLOPD;
         PreparaInforme(*r, e->bd(), CargaEmpresa(e->bd()), nombre, c);
         return r;
     }
@@ -139,7 +140,7 @@ protected:
 TEST_P(Opciones, OptionRowsFollowTheParameters) {
     auto r = prepara(QStringLiteral("CrFacturasGeneral"), ctx(0));
     EXPECT_FALSE(oculto(*r, "GroupLopd"));
-    EXPECT_EQ(f(*r, "lopd"), informe::Entrecomilla(sTextoLOPD));
+    EXPECT_EQ(f(*r, "lopd"), informe::Entrecomilla(e->factura().sTextoLOPD));
     EXPECT_FALSE(oculto(*r, "GroupCpago"));
     EXPECT_TRUE(oculto(*r, "CajasBultos"));
     EXPECT_TRUE(oculto(*r, "LavBulto1"));

@@ -267,6 +267,7 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
     const QString fichero = tmp.filePath(QStringLiteral("facturas.pdf"));
     ContextoInforme rutaPdf;
     rutaPdf.tipoEmision = 2;
+    rutaPdf.textoLopd = f.sTextoLOPD;
     ASSERT_EQ(RenderizaFacturasPdf(*s, ids, QStringLiteral("CrFacturasGeneral"), fichero, rutaPdf),
               fichero);
     // To look at the pages: VK_FACTURA_MUESTRA=/some/file.pdf
@@ -315,7 +316,7 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
          FormatoMoneda(fav.Fields(QStringLiteral("Fav_Total")).Doble()),
          QStringLiteral("Vencimientos"),
          Format(rec.Fields(QStringLiteral("Rec_FVto")).Value(), QStringLiteral("dd/mm/yyyy")),
-         sTextoLOPD.simplified().left(30)}));
+         f.sTextoLOPD.simplified().left(30)}));
     EXPECT_TRUE(plano.contains(fav.Fields(QStringLiteral("Fav_Clinom")).Texto().simplified()));
     EXPECT_TRUE(plano.contains(QStringLiteral("NIF: ") +
                                fav.Fields(QStringLiteral("Fav_CliDoc")).Texto().trimmed()));
@@ -337,7 +338,7 @@ TEST_P(FacturasDemo, PdfShowsTheInvoiceInReadingOrder) {
     EXPECT_TRUE(t.contains(QStringLiteral("* DUPLICADO DE FACTURA *")));
     EXPECT_FALSE(t.contains(QStringLiteral("Albarán ")));
     EXPECT_FALSE(t.contains(QStringLiteral("Vencimientos")));
-    EXPECT_FALSE(t.simplified().contains(sTextoLOPD.simplified().left(30)));
+    EXPECT_FALSE(t.simplified().contains(f.sTextoLOPD.simplified().left(30)));
 }
 
 // The demo's export customers (regime 5) get the export mention on their

@@ -33,8 +33,7 @@
 namespace vk::prueba {
 namespace {
 
-template <typename T>
-T* hijo(QWidget& w, const QString& nombre) {
+template <typename T> T* hijo(QWidget& w, const QString& nombre) {
     T* h = w.findChild<T*>(nombre);
     EXPECT_NE(h, nullptr) << nombre.toStdString();
     return h;
@@ -143,7 +142,8 @@ TEST_P(Vistas, SelectiveRunFromTheWidgetsInvoicesTheTickedNotesAndShowsTheViewer
                                     "Cav_IdFactura IS NULL AND Cav_Situa = 1"),
                      {quitada}),
               1);
-    EXPECT_TRUE(guion.Textos().contains(QStringLiteral("Proceso concluido, la factura generada es A/1")))
+    EXPECT_TRUE(
+        guion.Textos().contains(QStringLiteral("Proceso concluido, la factura generada es A/1")))
         << guion.Textos().join(QLatin1Char('|')).toStdString();
     EXPECT_GE(paginas, 1);
     EXPECT_TRUE(pdf);
@@ -205,7 +205,8 @@ TEST_P(Vistas, F1InTheCustomerBoxOpensTheLookupThroughTheQtPort) {
     });
     QTest::keyClick(codigo, Qt::Key_F1);
     EXPECT_TRUE(abierto);
-    EXPECT_TRUE(hijo<QLineEdit>(v, QStringLiteral("Text1_1"))->text().contains(QStringLiteral("Carmen")));
+    EXPECT_TRUE(
+        hijo<QLineEdit>(v, QStringLiteral("Text1_1"))->text().contains(QStringLiteral("Carmen")));
     EXPECT_FALSE(codigo->text().isEmpty());
     // The filter holds: only that customer's groups are found.
     busca(v);
@@ -254,23 +255,24 @@ TEST_P(Vistas, IssueDialogWritesDesignAndPaperOptionsOrNoDesignOnEscape) {
     opciones->item(9)->setCheckState(Qt::Unchecked);
     pulsa(v, QStringLiteral("cmdEmitir"));
     EXPECT_EQ(v.result(), QDialog::Accepted);
-    EXPECT_EQ(nDisenoEmision, 3);
-    EXPECT_EQ(bd->Parametros().Item(QStringLiteral("Par_PrnLogo")).Entero(), logo ? 0 : 1);
-    EXPECT_FALSE(bd->Parametros().Item(QStringLiteral("Par_Flopd")).Value().toBool());
+    EXPECT_EQ(modelo.nDisenoEmision, 3);
+    EXPECT_EQ(modelo.Eleccion.Entero(bd->Parametros(), QStringLiteral("Par_PrnLogo")),
+              logo ? 0 : 1);
+    EXPECT_EQ(modelo.Eleccion.Entero(bd->Parametros(), QStringLiteral("Par_Flopd")), 0);
 
     frmEmisionFacturas otro(*factura);
     ui::VistaEmisionFacturas w(otro);
     w.show();
     QTest::keyClick(&w, Qt::Key_Escape);
-    EXPECT_EQ(nDisenoEmision, -1);
+    EXPECT_EQ(otro.nDisenoEmision, -1);
 }
 
 TEST_P(Vistas, LauncherTellsOfScreensNotYetAvailable) {
     ui::LanzadorQt lanzador(*factura);
     EstableceLanzador(&lanzador);
     factura->jEmisionFacturas();
-    EXPECT_EQ(guion.Textos(),
-              QStringList{QStringLiteral("Esta pantalla todavía no está disponible: frmEdicionFacturas")});
+    EXPECT_EQ(guion.Textos(), QStringList{QStringLiteral(
+                                  "Esta pantalla todavía no está disponible: frmEdicionFacturas")});
 }
 
 VK_EN_AMBOS_MOTORES(Vistas);
