@@ -1,6 +1,6 @@
 // The record of the company's one `Parametros` row, as the session keeps it.
-// A value set here lives in memory only, until the record is read again:
-// the issue options dialog relies on this to try settings for one run.
+// It changes only when the row is read again: a run that wants other values
+// for itself carries them (the issue's ParametrosEmision), never writes here.
 #pragma once
 
 #include "Recordset.h"
