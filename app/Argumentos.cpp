@@ -310,7 +310,7 @@ QDate LeeFechaOpcion(const QString& opcion, const QString& texto) {
     QDate fecha;
     try {
         fecha = fnLeeFecha(texto);
-    } catch (const ErrorBd&) {
+    } catch (const Error&) {
         throw ErrorUso(QStringLiteral("%1: «%2» no es una fecha válida; escríbala DD/MM/AAAA.")
                            .arg(opcion, texto));
     }

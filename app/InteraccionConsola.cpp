@@ -19,9 +19,6 @@ InteraccionConsola::InteraccionConsola(QTextStream& out, QTextStream& err) : out
 
 void InteraccionConsola::Mensaje(const QString& texto, Icono icono, const QString& titulo) {
     vistos.push_back({MensajeVisto::Tipo::Mensaje, texto, titulo, icono});
-    if (icono == Icono::Error || titulo == mensajes::kAccionCancelada) {
-        error_ = true;
-    }
     QTextStream& destino = icono == Icono::Error || icono == Icono::Aviso ? err_ : out_;
     destino << texto << Qt::endl;
 }
@@ -60,7 +57,7 @@ bool InteraccionConsola::muestraVisor(frmVisor& visor) {
     EscribePdf(*visor.reporte, ruta);
     try {
         return fnAbreFichero(ruta);
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         throw ErrorBd(QStringLiteral("No se puede abrir el visor de PDF del escritorio; la vista "
                                      "está en %1.")
                           .arg(ruta),

@@ -21,10 +21,6 @@ public:
     void Mensaje(const QString& texto, Icono icono, const QString& titulo) override;
     bool MuestraDialogo(DialogoModelo& dialogo) override;
 
-    // An error was shown: an invoice or an issue did not finish (a printer
-    // that could not be reached, a viewer that could not be opened).
-    bool HuboError() const { return error_; }
-
     // First number of a series that has no invoices; 0 keeps the dialog's
     // default.
     qint32 primerNumero = 0;
@@ -36,7 +32,6 @@ private:
 
     QTextStream& out_;
     QTextStream& err_;
-    bool error_ = false;
 };
 
 } // namespace vk::app

@@ -26,8 +26,8 @@ constexpr qint32 kMaximoNumero = std::numeric_limits<qint32>::max();
 // "F_<número>.pdf", the same for every series, so each invoice is written
 // into a private folder inside the target one (same file system) and renamed
 // into its own name: a file of another invoice is never replaced.
-int emitePdf(VKFACVENTAS& f, InteraccionConsola& ui, Recordset& rs, const QString& carpeta,
-             qint16 nDiseno, qint16 nOrigen, QTextStream& out, QTextStream& err) {
+int emitePdf(VKFACVENTAS& f, Recordset& rs, const QString& carpeta, qint16 nDiseno, qint16 nOrigen,
+             QTextStream& out, QTextStream& err) {
     if (!QDir().mkpath(carpeta)) {
         throw ErrorBd(QStringLiteral("No se puede crear la carpeta %1.").arg(carpeta));
     }
@@ -42,10 +42,9 @@ int emitePdf(VKFACVENTAS& f, InteraccionConsola& ui, Recordset& rs, const QStrin
         const QString serie = rs.Fields(QStringLiteral("Fav_Serie")).Texto();
         const qint64 numero = rs.Fields(QStringLiteral("Fav_Numero")).Entero();
         f.PdfOutFile.clear();
-        f.EmisionMultiplesFacturas(
-            nDiseno, true, {static_cast<qint32>(rs.Fields(QStringLiteral("Fav_Id")).Entero())},
-            false, nOrigen);
-        if (ui.HuboError()) {
+        if (f.EmisionMultiplesFacturas(
+                nDiseno, true, {static_cast<qint32>(rs.Fields(QStringLiteral("Fav_Id")).Entero())},
+                false, nOrigen) != ResultadoEmision::Hecha) {
             return 1;
         }
         if (f.PdfOutFile.isEmpty() || !QFileInfo(f.PdfOutFile).isFile()) {
@@ -167,14 +166,13 @@ int OrdenEmitir(const QStringList& args, QTextStream& out, QTextStream& err) {
                           .arg(hasta));
     }
     if (carpeta) {
-        return emitePdf(f, ui, rs, *carpeta, nDiseno, nOrigen, out, err);
+        return emitePdf(f, rs, *carpeta, nDiseno, nOrigen, out, err);
     }
     QVector<qint32> ids;
     for (; !rs.Eof(); rs.MoveNext()) {
         ids << static_cast<qint32>(rs.Fields(QStringLiteral("Fav_Id")).Entero());
     }
-    f.EmisionMultiplesFacturas(nDiseno, true, ids, false, nOrigen);
-    if (ui.HuboError()) {
+    if (f.EmisionMultiplesFacturas(nDiseno, true, ids, false, nOrigen) != ResultadoEmision::Hecha) {
         return 1;
     }
     out << (impresora ? QStringLiteral("Trabajo de %1 facturas enviado a la impresora %2.")

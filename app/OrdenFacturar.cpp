@@ -122,8 +122,9 @@ ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream
     pantalla.cmdFacturar();
     r.rechazado = pantalla.ultimaOrdenRechazada;
     r.facturas = pantalla.facturasGeneradas;
-    r.incompleto = !pantalla.incidencias.empty() || pantalla.ejecucionDetenida;
-    r.errorEmision = ui.HuboError();
+    r.incompleto =
+        !pantalla.incidencias.empty() || pantalla.ejecucionDetenida || pantalla.ejecucionFallida;
+    r.errorEmision = pantalla.resultadoEmision == ResultadoEmision::Fallida;
     if (r.rechazado) {
         return r;
     }

@@ -129,7 +129,7 @@ int ejecuta(const Ejecuta& orden, const QStringList& args, QTextStream& out, QTe
     } catch (const vk::app::ErrorUso& e) {
         err << e.mensaje << Qt::endl;
         return 2;
-    } catch (const vk::ErrorBd& e) {
+    } catch (const vk::Error& e) {
         err << e.Mensaje() << Qt::endl;
         if (vk::app::DetalleDeErrores() && !e.Detalle().isEmpty()) {
             err << QStringLiteral("Detalle: ") << e.Detalle() << Qt::endl;

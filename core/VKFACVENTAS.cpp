@@ -127,29 +127,29 @@ void VKFACVENTAS::jEmisionFacturas() {
     muestra(QStringLiteral("frmEdicionFacturas"), {{QStringLiteral("buscar"), true}});
 }
 
-void VKFACVENTAS::EmisionFacturas(qint16 nDiseno, bool bDiseno) {
-    EmisionMultiplesFacturas(nDiseno, bDiseno, {IdFactu});
+ResultadoEmision VKFACVENTAS::EmisionFacturas(qint16 nDiseno, bool bDiseno) {
+    return EmisionMultiplesFacturas(nDiseno, bDiseno, {IdFactu});
 }
 
-void VKFACVENTAS::EmisionSimple(const QString& Serie, qint32 Numero) {
+ResultadoEmision VKFACVENTAS::EmisionSimple(const QString& Serie, qint32 Numero) {
     Recordset rs = MyBd().cn().Execute(
         QStringLiteral("SELECT Fav_id, fav_IdCli FROM Fav WHERE fav_Serie = ? AND Fav_numero = ?"),
         {Serie, Numero});
     if (rs.Eof()) {
-        return; // an invoice that does not exist is not an error here
+        return ResultadoEmision::Hecha; // an invoice that does not exist is not an error here
     }
     IdFactu = static_cast<qint32>(rs.Fields(QStringLiteral("Fav_id")).Entero());
     IdCliente = static_cast<qint32>(rs.Fields(QStringLiteral("fav_IdCli")).Entero());
-    EmisionFacturas(1, true);
+    return EmisionFacturas(1, true);
 }
 
-void VKFACVENTAS::EmisionMultiplesFacturas(qint16 nDiseno, bool bDiseno,
-                                           const QVector<qint32>& vIds, bool bForce,
-                                           qint16 nOrigen) {
+ResultadoEmision VKFACVENTAS::EmisionMultiplesFacturas(qint16 nDiseno, bool bDiseno,
+                                                       const QVector<qint32>& vIds, bool bForce,
+                                                       qint16 nOrigen) {
     if (!ExisteComponente(QString::fromLatin1(EmisorFacturas::kProgId))) {
-        throw ErrorBd(mensajes::kSinEmisor);
+        throw Error(mensajes::kSinEmisor);
     }
-    CreaObjeto<EmisorFacturas>(QString::fromLatin1(EmisorFacturas::kProgId))
+    return CreaObjeto<EmisorFacturas>(QString::fromLatin1(EmisorFacturas::kProgId))
         ->EmisionMultiplesFacturas(*this, nDiseno, bDiseno, vIds, bForce, nOrigen);
 }
 

@@ -16,6 +16,14 @@
 
 namespace vk {
 
+// How an issue run ended. A failure has been shown to the person already;
+// the caller learns of it here, to stop or to set an exit status.
+enum class ResultadoEmision {
+    Hecha,     // delivered, or nothing to deliver
+    Cancelada, // the person closed a dialog of the run
+    Fallida,   // a failure, told to the person
+};
+
 class VKFACVENTAS {
 public:
     // Starts with the built-in data protection clause.
@@ -122,10 +130,11 @@ public:
                                        const QString& sAsientoCobro = {});
 
     // --- issue ---
-    void EmisionFacturas(qint16 nDiseno, bool bDiseno);
-    void EmisionSimple(const QString& Serie, qint32 Numero);
-    void EmisionMultiplesFacturas(qint16 nDiseno, bool bDiseno, const QVector<qint32>& vIds,
-                                  bool bForce = false, qint16 nOrigen = 0);
+    ResultadoEmision EmisionFacturas(qint16 nDiseno, bool bDiseno);
+    ResultadoEmision EmisionSimple(const QString& Serie, qint32 Numero);
+    ResultadoEmision EmisionMultiplesFacturas(qint16 nDiseno, bool bDiseno,
+                                              const QVector<qint32>& vIds, bool bForce = false,
+                                              qint16 nOrigen = 0);
     // Issues one invoice by the route of Tipo_Emision, without the preamble,
     // and returns the file the PDF route wrote (empty when none).
     QString CreatePdf(qint32 nIdFactura);
@@ -139,9 +148,9 @@ private:
 class EmisorFacturas : public Componente {
 public:
     static constexpr const char* kProgId = "VKFACTUVEN.EMISION";
-    virtual void EmisionMultiplesFacturas(VKFACVENTAS& factura, qint16 nDiseno, bool bDiseno,
-                                          const QVector<qint32>& vIds, bool bForce,
-                                          qint16 nOrigen) = 0;
+    virtual ResultadoEmision EmisionMultiplesFacturas(VKFACVENTAS& factura, qint16 nDiseno,
+                                                      bool bDiseno, const QVector<qint32>& vIds,
+                                                      bool bForce, qint16 nOrigen) = 0;
 };
 
 // The automatic posting, registered by name for the same reason.

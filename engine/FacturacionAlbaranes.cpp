@@ -54,12 +54,12 @@ void rellenaCabecera(VKFACVENTAS& f, const CabeceraFactura& c, qint32 primerAlba
 
 // The outcome of a failure, from the error that caused it; `detiene` when
 // the failure would repeat for every following invoice whatever its error.
-ResultadoFacturacion fallo(EstadoFacturacion estado, const QString& motivo, const ErrorBd* e,
+ResultadoFacturacion fallo(EstadoFacturacion estado, const QString& motivo, const Error* e,
                            bool detiene = false) {
     ResultadoFacturacion r;
     r.estado = estado;
     r.motivo = motivo;
-    r.detieneEjecucion = detiene || (e && e->AfectaATodo());
+    r.detieneEjecucion = detiene || (e && AfectaATodo(*e));
     if (e) {
         r.detalle = e->Detalle();
     }
@@ -91,7 +91,7 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
         qint32 id = 0;
         try {
             id = f.NuevaFactura(o.nTipo);
-        } catch (const ErrorBd& e) {
+        } catch (const Error& e) {
             // The series or the database refuses every invoice alike.
             return fallo(E::NoHecha, e.Mensaje(), &e, true);
         }
@@ -144,25 +144,31 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
 
         try {
             f.CalculoTotalesFactura();
-        } catch (const ErrorBd& e) {
+        } catch (const Error& e) {
             t.Deshaz();
             f.IdFactu = 0;
             return fallo(E::NoHecha, mensajes::kFacturaNoCalculada.arg(e.Mensaje()), &e);
         }
         bool importesEscritos = false;
-        std::optional<ErrorBd> error;
+        std::optional<Error> error;
+        bool errorDetiene = false;
         bool grabada = false;
         try {
             grabada = fnGrabaFactura(f, true, false, importesEscritos);
-        } catch (const ErrorBd& e) {
+        } catch (const Error& e) {
             error = e;
+            errorDetiene = AfectaATodo(e);
         }
         if (!importesEscritos) {
             // Nothing of the save stands: the invoice is undone whole, its
             // notes stay pending and its number unused.
             t.Deshaz();
             f.IdFactu = 0;
-            const std::optional<ErrorBd>& e = error ? error : bd.ErrorConstructor();
+            if (error) {
+                return fallo(E::NoHecha, mensajes::kFacturaNoGrabada.arg(error->Mensaje()), &*error,
+                             errorDetiene);
+            }
+            const std::optional<ErrorBd>& e = bd.ErrorConstructor();
             if (!e) {
                 // The connection was found dead: no invoice after this one can
                 // be saved either.
@@ -177,14 +183,14 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
                 fallo(E::SinTerminar,
                       mensajes::kFacturaSinTerminar.arg(error ? error->Mensaje()
                                                               : mensajes::kContabilizacionFallida),
-                      error ? &*error : nullptr);
+                      error ? &*error : nullptr, errorDetiene);
             n.idFactura = r.idFactura;
             n.factura = r.factura;
             return n;
         }
         r.estado = E::Hecha;
         return r;
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         // The transaction itself failed (begin, link, commit): it is undone.
         f.IdFactu = 0;
         return fallo(E::NoHecha, e.Mensaje(), &e);

@@ -33,33 +33,41 @@ public:
 
 class EmisorIncorporado : public EmisorFacturas {
 public:
-    void EmisionMultiplesFacturas(VKFACVENTAS& f, qint16 nDiseno, bool bDiseno,
-                                  const QVector<qint32>& vIds, bool bForce,
-                                  qint16 nOrigen) override;
+    ResultadoEmision EmisionMultiplesFacturas(VKFACVENTAS& f, qint16 nDiseno, bool bDiseno,
+                                              const QVector<qint32>& vIds, bool bForce,
+                                              qint16 nOrigen) override;
 
 private:
-    void ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qint32>& vIds, bool bForce,
-                 qint16 nOrigen);
+    ResultadoEmision ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qint32>& vIds,
+                             bool bForce, qint16 nOrigen);
 };
 
-void EmisorIncorporado::EmisionMultiplesFacturas(VKFACVENTAS& f, qint16 nDiseno, bool,
-                                                 const QVector<qint32>& vIds, bool bForce,
-                                                 qint16 nOrigen) {
+ResultadoEmision EmisorIncorporado::EmisionMultiplesFacturas(VKFACVENTAS& f, qint16 nDiseno, bool,
+                                                             const QVector<qint32>& vIds,
+                                                             bool bForce, qint16 nOrigen) {
+    ResultadoEmision resultado = ResultadoEmision::Fallida;
     try {
-        ejecuta(f, nDiseno, vIds, bForce, nOrigen);
-    } catch (const ErrorBd& e) {
+        resultado = ejecuta(f, nDiseno, vIds, bForce, nOrigen);
+    } catch (const Error& e) {
         Ui().PunteroEspera(false);
         Ui().Mensaje(mensajes::kErrorEmitiendo + QLatin1Char('\n') + e.Mensaje(), Icono::Error,
                      mensajes::kAccionCancelada);
-        return;
+        return ResultadoEmision::Fallida;
     }
     // Closing.
     Ui().PunteroEspera(false);
     Ui().Cede();
+    return resultado;
 }
 
-void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qint32>& vIds,
-                                bool bForce, qint16 nOrigen) {
+// What a branch that tells the user of its own failure returns.
+ResultadoEmision segun(bool hecha) {
+    return hecha ? ResultadoEmision::Hecha : ResultadoEmision::Fallida;
+}
+
+ResultadoEmision EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno,
+                                            const QVector<qint32>& vIds, bool bForce,
+                                            qint16 nOrigen) {
     BdSesion& bd = f.MyBd();
     const BdParametros& par = bd.Parametros();
     const QString kDiseno = QStringLiteral("Par_DiseñoFactura");
@@ -74,7 +82,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
             frmEmisionFacturas dialogo(f);
             Ui().MuestraDialogo(dialogo);
             if (dialogo.nDisenoEmision <= -1) {
-                return;
+                return ResultadoEmision::Cancelada;
             }
             run = dialogo.Eleccion;
         }
@@ -86,10 +94,10 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
         if (f.Tipo_Emision == 1) {
             if (const auto layout =
                     fnLayoutTexto(par.Item(QStringLiteral("PAR_PLANTILLA_FAC")).Texto())) {
-                EjecutaLayoutTexto(layout->nombre, f, vIds);
+                const bool impreso = EjecutaLayoutTexto(layout->nombre, f, vIds);
                 // PLT15 goes on: its text and then the report of the route.
-                if (layout->terminaRun) {
-                    return;
+                if (layout->terminaRun || !impreso) {
+                    return segun(impreso);
                 }
                 trasTexto = true;
             }
@@ -100,23 +108,20 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
 
     if (vIds.isEmpty()) {
         Ui().PunteroEspera(false);
-        return;
+        return ResultadoEmision::Hecha;
     }
 
     // The families that bring their own data and run to their own end.
     if (nOrigen == 0) {
         switch (run.Entero(par, kDiseno)) {
         case 5:
-            msFacturaObras(f, vIds, false, run);
-            return;
+            return segun(msFacturaObras(f, vIds, false, run));
         case 7:
         case 9:
         case 11:
-            msFacturaObras(f, vIds, true, run);
-            return;
+            return segun(msFacturaObras(f, vIds, true, run));
         case 18:
-            msFacturaTransportes(f, vIds, run);
-            return;
+            return segun(msFacturaTransportes(f, vIds, run));
         default:
             break;
         }
@@ -137,7 +142,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
         }
     }
     if (rs.RecordCount() == 0) {
-        return;
+        return ResultadoEmision::Hecha;
     }
     rs.MoveFirst();
 
@@ -175,6 +180,7 @@ void EmisorIncorporado::ejecuta(VKFACVENTAS& f, qint16 nDiseno, const QVector<qi
     }
 
     EntregaInforme(f, std::move(r), rs, {.trasTexto = trasTexto});
+    return ResultadoEmision::Hecha;
 }
 
 } // namespace

@@ -169,9 +169,9 @@ CursoresObras LeeCursoresObras(BdSesion& bd, const ListasObras& l) {
     return c;
 }
 
-void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
+bool msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
                     const ParametrosEmision& parametros) {
-    familias::Ejecuta(mensajes::kGeneradorInformes, mensajes::kErrorGenerando, [&] {
+    return familias::Ejecuta(mensajes::kGeneradorInformes, mensajes::kErrorGenerando, [&] {
         BdSesion& bd = f.MyBd();
         const ContextoInforme contexto =
             ContextoDe(f,
@@ -189,14 +189,14 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
             if (!bObras && !QFileInfo(eleccion.fichero).isFile()) {
                 Ui().Mensaje(mensajes::kPlantillaPersonalNoPresente, Icono::Aviso,
                              mensajes::kAccionCancelada);
-                return;
+                return false;
             }
             try {
                 r = informe::CargaDisenoFichero(eleccion.fichero);
-            } catch (const ErrorBd& e) {
+            } catch (const Error& e) {
                 Ui().Mensaje(mensajes::kErrorAperturandoPlantilla + QLatin1Char('\n') + e.Mensaje(),
                              Icono::Error, mensajes::kAccionCancelada);
-                return;
+                return false;
             }
         }
         // The margin of the company's stationery, on every route.
@@ -206,7 +206,7 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
         Ui().Cede();
         const Recordset rs = LeeFilasFacturas(bd, vIds);
         if (rs.RecordCount() == 0) {
-            return;
+            return true;
         }
         const CursoresObras c = LeeCursoresObras(bd, RecogeListasObras(bd, rs));
         aplicaOpciones(f, *r, contexto, plantillaObras.toUpper());
@@ -219,6 +219,7 @@ void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
             familias::EnlazaSubinforme(*r, ++i, *s);
         }
         EntregaInforme(f, std::move(r), rs, {.sumaMargen = false});
+        return true;
     });
 }
 

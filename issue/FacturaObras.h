@@ -49,8 +49,9 @@ CursoresObras LeeCursoresObras(BdSesion& bd, const ListasObras& listas);
 
 // The family: report, rows, subreports, options, letterhead, logo and the
 // route of Tipo_Emision. Failures end in the family's own box; a template
-// file that is missing or cannot be read ends it with its own message.
-void msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
+// file that is missing or cannot be read ends it with its own message. False
+// when it failed, after telling the user.
+bool msFacturaObras(VKFACVENTAS& f, const QVector<qint32>& vIds, bool bObras,
                     const ParametrosEmision& parametros = {});
 
 } // namespace vk

@@ -231,9 +231,9 @@ DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids) {
     return d;
 }
 
-void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds,
+bool msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds,
                           const ParametrosEmision& parametros) {
-    familias::Ejecuta(mensajes::kAccionCancelada, mensajes::kErrorEmitiendo, [&] {
+    return familias::Ejecuta(mensajes::kAccionCancelada, mensajes::kErrorEmitiendo, [&] {
         BdSesion& bd = f.MyBd();
         const ContextoInforme contexto = ContextoDe(f, 18, parametros);
         const qint64 copias = contexto.Entero(bd, QStringLiteral("Par_NCopFac"));
@@ -244,7 +244,7 @@ void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds,
         Ui().Cede();
         const DatosTransportes d = LeeDatosTransportes(bd, vIds);
         if (d.filas.RecordCount() == 0) {
-            return;
+            return true;
         }
         std::unique_ptr<informe::Reporte> r = CargaReporte(d.reporte.nombre);
         // The margin of the company's stationery, on every route.
@@ -260,6 +260,7 @@ void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds,
         r->Database.Tables.Item(1).SetDataSource(d.filas, 3);
         familias::EnlazaSubinforme(*r, 1, d.viajes);
         EntregaInforme(f, std::move(r), d.filas, {.sumaMargen = false});
+        return true;
     });
 }
 

@@ -46,8 +46,9 @@ struct DatosTransportes {
 DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids);
 
 // The family: report, rows, voyages, options, letterhead, logo and the
-// route of Tipo_Emision. Par_NCopFac above 1 sets the copies of the run.
-void msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds,
+// route of Tipo_Emision. Par_NCopFac above 1 sets the copies of the run. False
+// when it failed, after telling the user.
+bool msFacturaTransportes(VKFACVENTAS& f, const QVector<qint32>& vIds,
                           const ParametrosEmision& parametros = {});
 
 } // namespace vk

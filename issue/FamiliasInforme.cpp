@@ -16,16 +16,18 @@ void EnlazaSubinforme(informe::Reporte& r, int indice, const Recordset& rs) {
     sub.Database.Tables.Item(1).SetDataSource(rs, 3);
 }
 
-void Ejecuta(const QString& titulo, const QString& texto, const std::function<void()>& familia) {
+bool Ejecuta(const QString& titulo, const QString& texto, const std::function<bool()>& familia) {
+    bool hecha = false;
     try {
-        familia();
-    } catch (const ErrorBd& e) {
+        hecha = familia();
+    } catch (const Error& e) {
         Ui().PunteroEspera(false);
         Ui().Mensaje(texto + QLatin1Char('\n') + e.Mensaje(), Icono::Error, titulo);
-        return;
+        return false;
     }
     Ui().PunteroEspera(false);
     Ui().Cede();
+    return hecha;
 }
 
 } // namespace vk::familias

@@ -21,7 +21,9 @@ void EnlazaSubinforme(informe::Reporte& r, int indice, const Recordset& rs);
 
 // Runs a family with its failure box: `texto`, a line break and the cause
 // under `titulo`. The wait pointer is back to normal at the end either way.
-void Ejecuta(const QString& titulo, const QString& texto, const std::function<void()>& familia);
+// False when the family failed: it threw, or returned false after telling
+// the user itself.
+bool Ejecuta(const QString& titulo, const QString& texto, const std::function<bool()>& familia);
 
 } // namespace familias
 } // namespace vk

@@ -57,7 +57,7 @@ void viaImpresora(VKFACVENTAS& f, informe::Reporte& r, bool trasTexto) {
     }
     printer.setCopyCount(std::max<int>(1, f.NumCopias));
     if (!printer.isValid()) {
-        throw ErrorBd(mensajes::kImpresoraNoValida.arg(impresora));
+        throw ErrorDispositivo(mensajes::kImpresoraNoValida.arg(impresora));
     }
     informe::RenderizaInforme(r, printer);
 }
@@ -112,7 +112,7 @@ void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> r, const R
         viaPdf(f, *r, filas);
         break;
     case 3:
-        throw ErrorBd(mensajes::kCorreoNoDisponible);
+        throw ErrorDispositivo(mensajes::kCorreoNoDisponible);
     default:
         break; // a value above 3 delivers nothing
     }

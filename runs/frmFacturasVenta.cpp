@@ -26,7 +26,7 @@ const QString kFormatoFecha = QStringLiteral("dd/mm/yyyy");
 std::optional<QDate> fechaDe(const QString& texto) {
     try {
         return fnLeeFecha(texto);
-    } catch (const ErrorBd&) {
+    } catch (const Error&) {
         return std::nullopt;
     }
 }
@@ -329,6 +329,8 @@ void frmFacturasVenta::cmdFacturar() {
     facturasGeneradas.clear();
     incidencias.clear();
     ejecucionDetenida = false;
+    ejecucionFallida = false;
+    resultadoEmision = ResultadoEmision::Hecha;
     ultimaOrdenRechazada = true;
     try {
         if (!compruebaFacturacion()) {
@@ -348,7 +350,8 @@ void frmFacturasVenta::cmdFacturar() {
             ultimaOrdenRechazada = false;
             facturacionSelectiva();
         }
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
+        ejecucionFallida = true;
         Ui().Mensaje(e.Mensaje(), Icono::Error, Caption);
     }
     if (ultimaOrdenRechazada) {
@@ -357,7 +360,7 @@ void frmFacturasVenta::cmdFacturar() {
     // After a run the list shows what is still pending.
     try {
         cmdBuscar();
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         Ui().Mensaje(e.Mensaje(), Icono::Error, Caption);
     }
 }
@@ -503,11 +506,8 @@ void frmFacturasVenta::emite(bool todos, const QVector<qint32>& ids) {
         break;
     }
     factura_.Tipo_Emision = static_cast<quint8>(optSalida);
-    if (todos) {
-        factura_.EmisionMultiplesFacturas(1, true, ids);
-    } else {
-        factura_.EmisionFacturas(1, true);
-    }
+    resultadoEmision =
+        todos ? factura_.EmisionMultiplesFacturas(1, true, ids) : factura_.EmisionFacturas(1, true);
 }
 
 } // namespace vk

@@ -11,6 +11,7 @@
 #include <QVariant>
 #include <QVector>
 #include <Recordset.h>
+#include <VKFACVENTAS.h>
 #include <array>
 #include <vector>
 
@@ -107,6 +108,10 @@ public:
     std::vector<qint32> facturasGeneradas;
     std::vector<IncidenciaFacturacion> incidencias;
     bool ejecucionDetenida = false;
+    // The run ended in an error told to the person.
+    bool ejecucionFallida = false;
+    // How the issue of the invoices made ended.
+    ResultadoEmision resultadoEmision = ResultadoEmision::Hecha;
     // A host that lists `incidencias` itself turns off the run's closing
     // message about them.
     bool muestraResumenIncidencias = true;

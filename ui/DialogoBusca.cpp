@@ -89,8 +89,9 @@ void DialogoBusca::filtra(const QString& t) {
     const QString buscado = t.trimmed();
     int primera = -1;
     for (int r = 0; r < lista_->rowCount(); ++r) {
-        const bool ve = buscado.isEmpty() ||
-                        lista_->item(r, columnaBusca_)->text().contains(buscado, Qt::CaseInsensitive);
+        const bool ve =
+            buscado.isEmpty() ||
+            lista_->item(r, columnaBusca_)->text().contains(buscado, Qt::CaseInsensitive);
         lista_->setRowHidden(r, !ve);
         if (ve && primera < 0) {
             primera = r;
@@ -131,8 +132,7 @@ bool DialogoBusca::eventFilter(QObject* objeto, QEvent* evento) {
     if (objeto == busca_ && evento->type() == QEvent::KeyPress) {
         auto* tecla = static_cast<QKeyEvent*>(evento);
         const int k = tecla->key();
-        if (k == Qt::Key_Up || k == Qt::Key_Down || k == Qt::Key_PageUp ||
-            k == Qt::Key_PageDown) {
+        if (k == Qt::Key_Up || k == Qt::Key_Down || k == Qt::Key_PageUp || k == Qt::Key_PageDown) {
             QCoreApplication::sendEvent(lista_, evento);
             return true;
         }

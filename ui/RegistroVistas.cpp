@@ -35,7 +35,7 @@ std::pair<QString, VistaPantalla> pantalla(const char* nombre) {
             std::unique_ptr<Modelo> modelo;
             try {
                 modelo = std::make_unique<Modelo>(f);
-            } catch (const ErrorBd& e) {
+            } catch (const Error& e) {
                 Ui().Mensaje(e.Mensaje(), Icono::Error, QStringLiteral("Facturación de ventas"));
                 return;
             }

@@ -79,7 +79,7 @@ void VistaEmisionFacturas::desdeModelo() {
     for (int i = 0; i < lstOpcionesPapel_->count(); ++i) {
         lstOpcionesPapel_->item(i)->setCheckState(
             modelo_.lstOpcionesPapel[static_cast<std::size_t>(i)].marcada ? Qt::Checked
-                                                                         : Qt::Unchecked);
+                                                                          : Qt::Unchecked);
     }
     cmdVer_->setText(modelo_.cmdVerCaption);
     // The short form hides the options, as the model's height says.

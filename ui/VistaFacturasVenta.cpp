@@ -65,13 +65,14 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
         Check_[i] = NuevaCasilla(this, QStringLiteral("Check%1").arg(i), QString());
     }
     Check_[1]->setText(QStringLiteral("Incluir Albaranes a Cero"));
-    Check_[2]->setText(QStringLiteral("Observaciones en la factura.  Marcada permanece entre facturas"));
+    Check_[2]->setText(
+        QStringLiteral("Observaciones en la factura.  Marcada permanece entre facturas"));
     Check_[3]->setText(QStringLiteral("Recibos domiciliados a cartera"));
     Check_[3]->setEnabled(false); // shown only: the run never reads it back
     Check_[4]->setText(QStringLiteral("Facturar todos los clientes"));
     Check_[5]->setText(QStringLiteral("Aplicar estos dtos"));
-    chkGroupAgentes_ =
-        NuevaCasilla(this, QStringLiteral("chkGroupAgentes"), QStringLiteral("NO Agupar por Agentes"));
+    chkGroupAgentes_ = NuevaCasilla(this, QStringLiteral("chkGroupAgentes"),
+                                    QStringLiteral("NO Agupar por Agentes"));
 
     // --- selection of the notes ---
     auto* marcoFiltro = new QGroupBox(QStringLiteral("Selección de albaranes"), this);
@@ -103,12 +104,12 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     gFiltro->setColumnStretch(6, 1);
 
     // --- the groups ---
-    dbgCli_ = NuevaRejilla(this, QStringLiteral("dbgCli"),
-                           {QStringLiteral("Cliente"), QStringLiteral("Forma de cobro"),
-                            QStringLiteral("% Dto1"), QStringLiteral("% Dto2"),
-                            QStringLiteral("Importe facturable"),
-                            QStringLiteral("%Dto Pie Albaran"), QStringLiteral("Agente"),
-                            QStringLiteral("Factura A/A")});
+    dbgCli_ =
+        NuevaRejilla(this, QStringLiteral("dbgCli"),
+                     {QStringLiteral("Cliente"), QStringLiteral("Forma de cobro"),
+                      QStringLiteral("% Dto1"), QStringLiteral("% Dto2"),
+                      QStringLiteral("Importe facturable"), QStringLiteral("%Dto Pie Albaran"),
+                      QStringLiteral("Agente"), QStringLiteral("Factura A/A")});
     const int anchos[] = {220, 170, 58, 58, 128, 122, 58, 120};
     for (int c = 0; c < 8; ++c) {
         dbgCli_->setColumnWidth(c, anchos[c]);
@@ -130,11 +131,11 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
                                         QStringLiteral("&Seleccionar todos los albaranes"));
     lblLineas_ = new QLabel(this);
     lblLineas_->setObjectName(QStringLiteral("lblLineas"));
-    dbgLineas_ = NuevaRejilla(this, QStringLiteral("dbgLineas"),
-                              {QStringLiteral("Descripcion"), QStringLiteral("Cantidad"),
-                               QStringLiteral("Precio"), QStringLiteral("Dto1"),
-                               QStringLiteral("Dto2"), QStringLiteral("Importe"),
-                               QStringLiteral("Orden")});
+    dbgLineas_ =
+        NuevaRejilla(this, QStringLiteral("dbgLineas"),
+                     {QStringLiteral("Descripcion"), QStringLiteral("Cantidad"),
+                      QStringLiteral("Precio"), QStringLiteral("Dto1"), QStringLiteral("Dto2"),
+                      QStringLiteral("Importe"), QStringLiteral("Orden")});
     dbgLineas_->setColumnWidth(0, 200);
     for (int c = 1; c < 7; ++c) {
         dbgLineas_->setColumnWidth(c, c == 5 ? 90 : 62);
@@ -204,8 +205,8 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     Text1_[11]->setMaximumWidth(50);
     QPushButton* cmdImpresoras = NuevoBoton(marcoSalida, QStringLiteral("cmdImpresoras"),
                                             QStringLiteral("Cambiar Impresora"));
-    gSalida->addWidget(
-        etiqueta(marcoSalida, QStringLiteral("Impresora por defecto"), Text1_[10]), 1, 0);
+    gSalida->addWidget(etiqueta(marcoSalida, QStringLiteral("Impresora por defecto"), Text1_[10]),
+                       1, 0);
     gSalida->addWidget(Text1_[10], 1, 1, 1, 2);
     gSalida->addWidget(cmdImpresoras, 2, 1, 1, 2);
     gSalida->addWidget(etiqueta(marcoSalida, QStringLiteral("Nº Copias"), Text1_[11]), 3, 0);
@@ -291,12 +292,11 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
                      });
 }
 
-template <typename F>
-void VistaFacturasVenta::orden(F&& f) {
+template <typename F> void VistaFacturasVenta::orden(F&& f) {
     aModelo();
     try {
         f();
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         Ui().Mensaje(e.Mensaje(), Icono::Error, modelo_.Caption);
     }
     desdeModelo();
@@ -344,8 +344,8 @@ void VistaFacturasVenta::aModelo() {
             modelo_.optSalida = i;
         }
     }
-    for (int i = 0; i < ListView1_->topLevelItemCount() &&
-                    i < static_cast<int>(modelo_.ListView1.size());
+    for (int i = 0;
+         i < ListView1_->topLevelItemCount() && i < static_cast<int>(modelo_.ListView1.size());
          ++i) {
         modelo_.ListView1[static_cast<std::size_t>(i)].marcado =
             ListView1_->topLevelItem(i)->checkState(0) == Qt::Checked;
@@ -398,7 +398,8 @@ void VistaFacturasVenta::rellenaGrupos() {
         dbgCli_->setItem(r, 3, celda(Format(g.cav_dto2, QStringLiteral("##0.00")), true));
         dbgCli_->setItem(r, 4, celda(Format(g.tOTAL, kImporte) + QLatin1Char(' '), true));
         dbgCli_->setItem(r, 5,
-                         celda(Format(g.Cli_Dto1, QStringLiteral("##0.00")) + QStringLiteral(" / ") +
+                         celda(Format(g.Cli_Dto1, QStringLiteral("##0.00")) +
+                                   QStringLiteral(" / ") +
                                    Format(g.Cli_Dto2, QStringLiteral("##0.00")),
                                true));
         dbgCli_->setItem(r, 6, celda(textoDe(g.Cav_Agente), true));
@@ -433,9 +434,8 @@ void VistaFacturasVenta::rellenaLineas() {
     const struct {
         const char* campo;
         const char* mascara; // null: plain text
-    } columnas[] = {{"Lav_Des", nullptr},          {"Lav_Uni", "#0.00"},
-                    {"Lav_Precio", "#,##0.00"},   {"Lav_Dto1", "#0.00"},
-                    {"Lav_Dto2", "#0.00"},        {"Lav_Importe", "#,###,##0.00"},
+    } columnas[] = {{"Lav_Des", nullptr},  {"Lav_Uni", "#0.00"},  {"Lav_Precio", "#,##0.00"},
+                    {"Lav_Dto1", "#0.00"}, {"Lav_Dto2", "#0.00"}, {"Lav_Importe", "#,###,##0.00"},
                     {"Orden", nullptr}};
     Recordset filas = rs;
     int r = 0;
@@ -447,11 +447,11 @@ void VistaFacturasVenta::rellenaLineas() {
             }
             const QVariant v = filas.Fields(nombre).Value();
             const bool numero = columnas[c].mascara != nullptr;
-            dbgLineas_->setItem(
-                r, c,
-                celda(numero && !v.isNull() ? Format(v, QString::fromLatin1(columnas[c].mascara))
-                                            : textoDe(v),
-                      numero));
+            dbgLineas_->setItem(r, c,
+                                celda(numero && !v.isNull()
+                                          ? Format(v, QString::fromLatin1(columnas[c].mascara))
+                                          : textoDe(v),
+                                      numero));
         }
     }
 }

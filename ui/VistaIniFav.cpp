@@ -26,7 +26,8 @@ VistaIniFav::VistaIniFav(frmIniFav& modelo, QWidget* padre) : QDialog(padre), mo
     fila->addWidget(etiqueta);
     fila->addWidget(Text1_);
     auto* botones = new QHBoxLayout;
-    QPushButton* aceptar = NuevoBoton(this, QStringLiteral("cmdInforme"), QStringLiteral("&Aceptar"));
+    QPushButton* aceptar =
+        NuevoBoton(this, QStringLiteral("cmdInforme"), QStringLiteral("&Aceptar"));
     QPushButton* cancelar =
         NuevoBoton(this, QStringLiteral("XPButton1"), QStringLiteral("&Cancelar"));
     // A one-field dialog: Enter accepts, as the original dialog's default did.

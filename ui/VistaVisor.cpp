@@ -73,9 +73,8 @@ VistaVisor::VistaVisor(frmVisor& modelo, QWidget* padre) : QDialog(padre), model
     QObject::connect(pdf, &QPushButton::clicked, this, [this] { guardaComo(); });
     QObject::connect(cerrar, &QPushButton::clicked, this, [this] { accept(); });
     QObject::connect(vista_, &QPrintPreviewWidget::previewChanged, this, [this] {
-        lblPaginas_->setText(QStringLiteral("Página %1 de %2")
-                                 .arg(vista_->currentPage())
-                                 .arg(vista_->pageCount()));
+        lblPaginas_->setText(
+            QStringLiteral("Página %1 de %2").arg(vista_->currentPage()).arg(vista_->pageCount()));
     });
     resize(900, 760);
 }
@@ -93,7 +92,7 @@ bool VistaVisor::Pinta(QPagedPaintDevice& dispositivo) {
     try {
         informe::RenderizaInforme(*modelo_.reporte, dispositivo);
         return true;
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         Ui().Mensaje(e.Mensaje(), Icono::Error, modelo_.Caption);
         return false;
     }
@@ -115,9 +114,9 @@ void VistaVisor::imprime() {
 }
 
 void VistaVisor::guardaComo() {
-    QString fichero = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Guardar como PDF"), QStringLiteral("factura.pdf"),
-        QStringLiteral("Documentos PDF (*.pdf)"));
+    QString fichero = QFileDialog::getSaveFileName(this, QStringLiteral("Guardar como PDF"),
+                                                   QStringLiteral("factura.pdf"),
+                                                   QStringLiteral("Documentos PDF (*.pdf)"));
     if (fichero.isEmpty()) {
         return;
     }

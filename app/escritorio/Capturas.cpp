@@ -118,7 +118,7 @@ int HazCapturas(VKFACVENTAS& factura, const QString& carpeta) {
             vista.desdeModelo();
             vista.findChild<QAbstractButton*>(QStringLiteral("cmdFacturar"))->click();
         }
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         err() << e.Mensaje() << Qt::endl;
         return 1;
     }

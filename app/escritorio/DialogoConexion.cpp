@@ -66,14 +66,13 @@ DialogoConexion::DialogoConexion(QWidget* padre) : QDialog(padre) {
     capa->addWidget(botones);
     setMinimumWidth(520);
 
-    const QString defecto =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-        QStringLiteral("/vkfactuven");
+    const QString defecto = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                            QStringLiteral("/vkfactuven");
     carpeta_->setText(LeeAjuste(kAplicacion, kSeccion, QStringLiteral("Carpeta"),
                                 qEnvironmentVariable("VKFACTUVEN_DATOS", defecto)));
     servidor_->setText(LeeAjuste(kAplicacion, kSeccion, QStringLiteral("Servidor")));
-    usuario_->setValue(LeeAjuste(kAplicacion, kSeccion, QStringLiteral("Usuario"),
-                                 QStringLiteral("1")).toInt());
+    usuario_->setValue(
+        LeeAjuste(kAplicacion, kSeccion, QStringLiteral("Usuario"), QStringLiteral("1")).toInt());
     const bool postgres =
         LeeAjuste(kAplicacion, kSeccion, QStringLiteral("Motor")) == QLatin1String("postgresql");
     (postgres ? optPostgres_ : optSqlite_)->setChecked(true);

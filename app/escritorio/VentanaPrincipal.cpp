@@ -40,11 +40,10 @@ VentanaPrincipal::VentanaPrincipal(VKFACVENTAS& factura, const QString& empresa)
     QObject::connect(salir, &QAction::triggered, this, [this] { close(); });
 }
 
-template <typename F>
-void VentanaPrincipal::entrada(F&& f) {
+template <typename F> void VentanaPrincipal::entrada(F&& f) {
     try {
         f();
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         Ui().Mensaje(e.Mensaje(), Icono::Error, windowTitle());
     }
 }

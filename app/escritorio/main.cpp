@@ -63,7 +63,7 @@ int main(int argc, char** argv) {
     if (!cadena.isEmpty()) {
         try {
             bd = vk::BdSesion::Abre(cadena);
-        } catch (const vk::ErrorBd& e) {
+        } catch (const vk::Error& e) {
             err << e.Mensaje() << Qt::endl;
             if (capturas.isEmpty()) {
                 interaccion.Mensaje(e.Mensaje(), vk::Icono::Error,
@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
                 cadena = dialogo.Cadena();
                 bd = vk::BdSesion::Abre(cadena);
                 dialogo.Recuerda();
-            } catch (const vk::ErrorBd& e) {
+            } catch (const vk::Error& e) {
                 interaccion.Mensaje(e.Mensaje(), vk::Icono::Error,
                                     QStringLiteral("Conexión con la empresa"));
             }

@@ -96,11 +96,11 @@ QString LayoutSpool::Donde(qsizetype nIds) const {
            QStringLiteral(") ORDER BY ") + fig_.orden;
 }
 
-void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+bool LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
     f_ = &f;
     if (vIds.isEmpty()) {
         Ui().PunteroEspera(false);
-        return;
+        return true;
     }
     try {
         est_ = fig_.estacionario;
@@ -114,7 +114,7 @@ void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         rs_ = LeeFilasFacturasDonde(Bd(), Donde(vIds.size()), ids);
         if (rs_.RecordCount() == 0) {
             Ui().PunteroEspera(false);
-            return;
+            return true;
         }
         spool_ = CreaObjeto<ClsSpool>(QString::fromLatin1(ClsSpool::kProgId));
         spool_->SelectPrinter();
@@ -123,7 +123,7 @@ void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
             spool_.reset();
             Ui().PunteroEspera(false);
             Ui().Mensaje(mensajes::kErrorAccesoDispositivo, Icono::Error, QString());
-            return;
+            return false;
         }
         abierto_ = true;
         Recorre();
@@ -132,14 +132,15 @@ void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         spool_.reset();
         rs_ = Recordset();
         Ui().PunteroEspera(false);
-    } catch (const ErrorBd& e) {
+        return true;
+    } catch (const Error& e) {
         // The job stays as far as it got.
         Ui().PunteroEspera(false);
         if (spool_ && abierto_) {
             abierto_ = false;
             try {
                 spool_->CloseDevice();
-            } catch (const ErrorBd&) {
+            } catch (const Error&) {
                 // The first failure is the one to tell.
             }
         }
@@ -147,6 +148,7 @@ void LayoutSpool::Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds) {
         rs_ = Recordset();
         Ui().Mensaje(mensajes::kErrorEmitiendo + QLatin1Char('\n') + e.Mensaje(), Icono::Error,
                      mensajes::kAccionCancelada);
+        return false;
     }
 }
 

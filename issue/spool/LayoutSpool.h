@@ -48,8 +48,8 @@ public:
     LayoutSpool& operator=(const LayoutSpool&) = delete;
 
     // Prints the invoices of vIds. Never throws: a failure ends in a message
-    // box, with the spool closed when it was open.
-    void Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds);
+    // box, with the spool closed when it was open, and returns false.
+    bool Ejecuta(VKFACVENTAS& f, const QVector<qint32>& vIds);
 
 protected:
     // ---- hooks: the generic layout ----

@@ -284,24 +284,24 @@ private:
 
 } // namespace
 
-void msFacturaSpoolPlt05(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt05().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt05(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt05().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt07(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt07().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt07(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt07().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt08(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt08().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt08(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt08().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt13(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt13().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt13(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt13().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt15(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt15().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt15(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt15().Ejecuta(f, vIds);
 }
 
 } // namespace vk

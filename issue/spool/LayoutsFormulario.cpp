@@ -360,27 +360,28 @@ private:
 
 } // namespace
 
-void msFacturaSpoolPlt03(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt03().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt03(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt03().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt06(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt06().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt06(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt06().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt10(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+bool msFacturaSpoolPlt10(VKFACVENTAS& f, const QVector<qint32>& vIds) {
     // One layout for both keys; the head tells them apart.
     const QString clave =
         f.MyBd().Parametros().Item(QStringLiteral("PAR_PLANTILLA_FAC")).Texto().toUpper();
-    Plt10(clave == QLatin1String("PLT10") ? clave : QStringLiteral("PLT09")).Ejecuta(f, vIds);
+    return Plt10(clave == QLatin1String("PLT10") ? clave : QStringLiteral("PLT09"))
+        .Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt14(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt14().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt14(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt14().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt17(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt17().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt17(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt17().Ejecuta(f, vIds);
 }
 
 } // namespace vk

@@ -228,40 +228,40 @@ private:
 
 } // namespace
 
-void msFacturaSpoolMatricial(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+bool msFacturaSpoolMatricial(VKFACVENTAS& f, const QVector<qint32>& vIds) {
     Figuras fig;
     fig.clave = QStringLiteral("MATRICIAL");
-    LayoutSpool(fig).Ejecuta(f, vIds);
+    return LayoutSpool(fig).Ejecuta(f, vIds);
 }
 
 // The ordering lacks Fav_Id: lines of two invoices may interleave and break
 // the group change. Kept so, since the customer's run depends on it.
-void msFacturaSpoolPlt04(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    LayoutSpool(FigurasGomas("PLT04", 42, kOrdenSinFactura)).Ejecuta(f, vIds);
+bool msFacturaSpoolPlt04(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return LayoutSpool(FigurasGomas("PLT04", 42, kOrdenSinFactura)).Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolGomas(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    LayoutSpool(FigurasGomas("GOMAS", 38, kOrdenFactura)).Ejecuta(f, vIds);
+bool msFacturaSpoolGomas(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return LayoutSpool(FigurasGomas("GOMAS", 38, kOrdenFactura)).Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt01(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt01().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt01(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt01().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt02(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt02().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt02(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt02().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt11(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt11().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt11(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt11().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt12(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt12().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt12(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt12().Ejecuta(f, vIds);
 }
 
-void msFacturaSpoolPlt16(VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    Plt16().Ejecuta(f, vIds);
+bool msFacturaSpoolPlt16(VKFACVENTAS& f, const QVector<qint32>& vIds) {
+    return Plt16().Ejecuta(f, vIds);
 }
 
 } // namespace vk

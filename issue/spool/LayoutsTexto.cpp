@@ -1,9 +1,13 @@
 #include "LayoutsTexto.h"
 
+#include "MensajesSpool.h"
+
+#include <Error.h>
+
 namespace vk {
 
 bool EjecutaLayoutTexto(const QString& nombre, VKFACVENTAS& f, const QVector<qint32>& vIds) {
-    using Layout = void (*)(VKFACVENTAS&, const QVector<qint32>&);
+    using Layout = bool (*)(VKFACVENTAS&, const QVector<qint32>&);
     struct Fila {
         const char* nombre;
         Layout layout;
@@ -30,11 +34,10 @@ bool EjecutaLayoutTexto(const QString& nombre, VKFACVENTAS& f, const QVector<qin
     };
     for (const Fila& fila : kLayouts) {
         if (nombre == QLatin1String(fila.nombre)) {
-            fila.layout(f, vIds);
-            return true;
+            return fila.layout(f, vIds);
         }
     }
-    return false;
+    throw ErrorDiseno(mensajes::kLayoutDesconocido.arg(nombre));
 }
 
 } // namespace vk

@@ -8,27 +8,30 @@
 
 namespace vk {
 
-// Runs the layout of that name over the invoices; false when no layout has
-// that name. The layout tells the user of its own failures.
+// Runs the layout of that name over the invoices. Each layout tells the user
+// of its own failure and returns false; a name without a layout throws
+// ErrorDiseno.
 bool EjecutaLayoutTexto(const QString& nombre, VKFACVENTAS& f, const QVector<qint32>& vIds);
 
-void msFacturaSpoolMatricial(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt01(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt02(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt03(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt04(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt05(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt06(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt07(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt08(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt10(VKFACVENTAS& f, const QVector<qint32>& vIds); // PLT09 and PLT10
-void msFacturaSpoolPlt11(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt12(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt13(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolGomas(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt14(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt15(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt16(VKFACVENTAS& f, const QVector<qint32>& vIds);
-void msFacturaSpoolPlt17(VKFACVENTAS& f, const QVector<qint32>& vIds);
+// Each prints the invoices of vIds on its stationery: false after telling the
+// user of a failure.
+bool msFacturaSpoolMatricial(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt01(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt02(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt03(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt04(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt05(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt06(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt07(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt08(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt10(VKFACVENTAS& f, const QVector<qint32>& vIds); // PLT09 and PLT10
+bool msFacturaSpoolPlt11(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt12(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt13(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolGomas(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt14(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt15(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt16(VKFACVENTAS& f, const QVector<qint32>& vIds);
+bool msFacturaSpoolPlt17(VKFACVENTAS& f, const QVector<qint32>& vIds);
 
 } // namespace vk

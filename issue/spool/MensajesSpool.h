@@ -11,6 +11,8 @@ inline const QString kDecimalesCantidad = QStringLiteral(
     "Numero de decimales en cantidad es superior al máximo permitido para este diseño");
 inline const QString kSuperadoCaracteres =
     QStringLiteral("Superado el número máximos de caractéres por linea");
+inline const QString kLayoutDesconocido =
+    QStringLiteral("No existe el diseño de impresión en texto «%1».");
 inline const QString kTituloEmisionFacturas = QStringLiteral("Emisión de facturas");
 
 } // namespace vk::mensajes

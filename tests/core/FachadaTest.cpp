@@ -130,7 +130,7 @@ TEST_P(Fachada, SimpleIssueFindsTheInvoice) {
     VKFACVENTAS f;
     f.setMyBd(*s);
     // Without a dispatcher the issue is a clear error.
-    EXPECT_THROW(f.EmisionSimple(QStringLiteral("B'1"), 33), ErrorBd);
+    EXPECT_THROW(f.EmisionSimple(QStringLiteral("B'1"), 33), Error);
 
     EmisorAnotado::Registra();
     f.IdFactu = 0;

@@ -127,7 +127,7 @@ TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
     // it ends the run.
     e->bd().Parametros().Item(QStringLiteral("Par_TopMarg")).setValue(99);
     f.PdfOutFile.clear();
-    f.EmisionMultiplesFacturas(0, true, {id});
+    EXPECT_EQ(f.EmisionMultiplesFacturas(0, true, {id}), ResultadoEmision::Cancelada);
     ASSERT_EQ(e->ui().vistos.size(), 1u);
     EXPECT_EQ(e->ui().vistos[0].texto, QStringLiteral("frmEmisionFacturas"));
     EXPECT_TRUE(f.PdfOutFile.isEmpty());
@@ -141,7 +141,8 @@ TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
         return true;
     });
     qputenv("VKFACTUVEN_DATOS", dir.filePath(QStringLiteral("datos")).toUtf8());
-    f.EmisionMultiplesFacturas(0, true, {id});
+    // The failure is told to the person and reported to the caller.
+    EXPECT_EQ(f.EmisionMultiplesFacturas(0, true, {id}), ResultadoEmision::Fallida);
     qunsetenv("VKFACTUVEN_DATOS");
     ASSERT_EQ(errores().size(), 1);
     EXPECT_EQ(errores()[0], mensajes::kPlantillaPersonalNoPresente);
@@ -149,7 +150,9 @@ TEST_P(Emision, PreambleAsksForTheDesignUnlessForced) {
     // The next run starts from the company's design again.
     e->ui().vistos.clear();
     EXPECT_FALSE(f.CreatePdf(id).isEmpty());
-    EXPECT_TRUE(errores().isEmpty());
+    f.Tipo_Emision = 3; // the mail route is not there yet: a failure
+    EXPECT_EQ(f.EmisionMultiplesFacturas(0, true, {id}, true), ResultadoEmision::Fallida);
+    EXPECT_EQ(errores().size(), 1);
 }
 
 TEST_P(Emision, OriginOtherThanZeroSkipsTheFamiliesAndTheTextRoute) {

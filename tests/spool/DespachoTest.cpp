@@ -40,7 +40,7 @@ protected:
     QByteArray emite() {
         return s->imprime(
             [](VKFACVENTAS& f, const QVector<qint32>& ids) {
-                f.EmisionMultiplesFacturas(0, true, ids);
+                return f.EmisionMultiplesFacturas(0, true, ids) == ResultadoEmision::Hecha;
             },
             {id});
     }

@@ -113,7 +113,7 @@ qint32 EmpresaSpool::factura(qint32 idCliente, const QDate& fecha,
 }
 
 QByteArray
-EmpresaSpool::imprime(const std::function<void(VKFACVENTAS&, const QVector<qint32>&)>& layout,
+EmpresaSpool::imprime(const std::function<bool(VKFACVENTAS&, const QVector<qint32>&)>& layout,
                       const QVector<qint32>& ids) {
     QFile::remove(salida());
     layout(f(), ids);

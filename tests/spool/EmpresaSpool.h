@@ -58,7 +58,7 @@ public:
                    double dto1 = 0, double dto2 = 0);
 
     // Runs the layout over the ids and returns the bytes the printer got.
-    QByteArray imprime(const std::function<void(VKFACVENTAS&, const QVector<qint32>&)>& layout,
+    QByteArray imprime(const std::function<bool(VKFACVENTAS&, const QVector<qint32>&)>& layout,
                        const QVector<qint32>& ids);
     // Messages shown since the last call.
     QStringList mensajes();

@@ -13,7 +13,7 @@ namespace {
 
 const QDate kDia(2026, 3, 10);
 
-using Layout = void (*)(VKFACVENTAS&, const QVector<qint32>&);
+using Layout = bool (*)(VKFACVENTAS&, const QVector<qint32>&);
 
 struct LayoutNombrado {
     const char* nombre;

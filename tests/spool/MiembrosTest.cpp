@@ -37,7 +37,7 @@ protected:
         }
         return r;
     }
-    QByteArray imprime(void (*layout)(VKFACVENTAS&, const QVector<qint32>&),
+    QByteArray imprime(bool (*layout)(VKFACVENTAS&, const QVector<qint32>&),
                        const QVector<qint32>& ids) {
         return s->imprime(layout, ids);
     }

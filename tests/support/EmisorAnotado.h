@@ -13,9 +13,10 @@ class EmisorAnotado : public EmisorFacturas {
 public:
     static inline std::vector<QVector<qint32>> llamadas;
 
-    void EmisionMultiplesFacturas(VKFACVENTAS&, qint16, bool, const QVector<qint32>& ids, bool,
-                                  qint16) override {
+    ResultadoEmision EmisionMultiplesFacturas(VKFACVENTAS&, qint16, bool,
+                                              const QVector<qint32>& ids, bool, qint16) override {
         llamadas.push_back(ids);
+        return ResultadoEmision::Hecha;
     }
 
     static void Registra() {
