@@ -63,6 +63,8 @@ public:
     QString getSeriesFactura();
     // Writes the header row and returns its Fav_Id, or 0 when none was made.
     qint32 NuevaFactura(qint16 nTipo = 0);
+    // Reads the invoice's Fav row into the record; false when there is none.
+    bool CargaFactura(qint32 idFactu);
     void CalculoTotalesFactura();
     bool GrabaFactura(bool bRecibos = false, bool bEdi = false);
     bool VerificarFechaFactura(const QString& sSerie, const QString& sFecha);
