@@ -4,9 +4,11 @@
 #include "InteraccionConsola.h"
 
 #include <BdSesion.h>
+#include <CargaFactura.h>
 #include <ErrorBd.h>
 #include <FacturacionAlbaranes.h>
 #include <Formato.h>
+#include <RegistroFactura.h>
 #include <RegistroSuite.h>
 #include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
@@ -25,13 +27,14 @@ QString tipo(double porcentaje) {
     return t;
 }
 
-void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
-    Recordset fav =
-        bd.cn().Execute(QStringLiteral("SELECT Fav_CliNom FROM Fav WHERE Fav_Id = ?"), {f.IdFactu});
+// The invoice as it was stored, read back through the record's map.
+void imprimeFactura(qint32 idFactura, BdSesion& bd, QTextStream& out) {
+    RegistroFactura f;
+    fnCargaFactura(bd.cn(), f, idFactura);
     const qint64 recibos = bd.cn()
                                .Execute(QStringLiteral("SELECT COUNT(*) FROM Rec WHERE Rec_Tipo = "
                                                        "1 AND Rec_IdFac = ?"),
-                                        {f.IdFactu})
+                                        {idFactura})
                                .Fields(0)
                                .Entero();
     const auto fila = [&out](const QString& concepto, double importe) {
@@ -41,8 +44,7 @@ void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
     out << QStringLiteral("Factura %1/%2 de %3, %4")
                .arg(f.SerieFactura)
                .arg(f.NumeroFactura)
-               .arg(Format(f.FechaFactura, QStringLiteral("dd/mm/yyyy")),
-                    fav.Fields(0).Texto().trimmed())
+               .arg(Format(f.FechaFactura, QStringLiteral("dd/mm/yyyy")), f.CliNom.trimmed())
         << Qt::endl;
     fila(QStringLiteral("Bruto"), f.Bruto);
     if (f.ImpDto1 != 0) {
@@ -54,20 +56,15 @@ void imprimeFactura(const VKFACVENTAS& f, BdSesion& bd, QTextStream& out) {
     if (f.ImpDtoPie1 != 0) {
         fila(QStringLiteral("Descuento por unidades"), -f.ImpDtoPie1);
     }
-    const double bases[] = {f.BaseIva1, f.BaseIva2, f.BaseIva3};
-    const double pIva[] = {f.PorcentajeIva1, f.PorcentajeIva2, f.PorcentajeIva3};
-    const double iIva[] = {f.ImpIva1, f.ImpIva2, f.ImpIva3};
-    const double pRec[] = {f.PorcentajeRecargo1, f.PorcentajeRecargo2, f.PorcentajeRecargo3};
-    const double iRec[] = {f.ImpRecargo1, f.ImpRecargo2, f.ImpRecargo3};
-    for (int i = 0; i < 3; ++i) {
-        if (bases[i] == 0 && iIva[i] == 0) {
+    for (const TramoIva& t : f.TramosIva) {
+        if (t.Base == 0 && t.ImpIva == 0) {
             continue;
         }
-        const QString tipoIva = tipo(pIva[i]);
-        fila(QStringLiteral("Base al %1 %").arg(tipoIva), bases[i]);
-        fila(QStringLiteral("IVA %1 %").arg(tipoIva), iIva[i]);
-        if (iRec[i] != 0) {
-            fila(QStringLiteral("Recargo %1 %").arg(tipo(pRec[i])), iRec[i]);
+        const QString tipoIva = tipo(t.PorcentajeIva);
+        fila(QStringLiteral("Base al %1 %").arg(tipoIva), t.Base);
+        fila(QStringLiteral("IVA %1 %").arg(tipoIva), t.ImpIva);
+        if (t.ImpRecargo != 0) {
+            fila(QStringLiteral("Recargo %1 %").arg(tipo(t.PorcentajeRecargo)), t.ImpRecargo);
         }
     }
     if (f.ImpRetencion != 0) {
@@ -157,7 +154,7 @@ int OrdenFactura(const QStringList& args, QTextStream& out, QTextStream& err) {
         throw ErrorBd(r.motivo.isEmpty() ? QStringLiteral("No se ha hecho la factura.") : r.motivo,
                       r.detalle, ClaseError::General);
     }
-    imprimeFactura(f, *bd, out);
+    imprimeFactura(r.idFactura, *bd, out);
     if (r.estado == EstadoFacturacion::SinTerminar) {
         throw ErrorBd(QStringLiteral("Factura %1: %2").arg(r.factura, r.motivo), r.detalle,
                       ClaseError::General);

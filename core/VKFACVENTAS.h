@@ -1,5 +1,6 @@
 // The one public class of the library: at once the entry point of a host and
-// the in-memory record of the invoice in hand. Its properties are plain
+// the in-memory record of the invoice in hand (`RegistroFactura`, whose
+// members it shows under their legacy names). Its properties are plain
 // members, read and written by every screen and engine; nothing keeps them
 // consistent except the order of the calls.
 //
@@ -9,6 +10,7 @@
 
 #include "BdSesion.h"
 #include "Componentes.h"
+#include "RegistroFactura.h"
 
 #include <QDate>
 #include <QString>
@@ -24,7 +26,7 @@ enum class ResultadoEmision {
     Fallida,   // a failure, told to the person
 };
 
-class VKFACVENTAS {
+class VKFACVENTAS : public RegistroFactura {
 public:
     // Starts with the built-in data protection clause.
     VKFACVENTAS();
@@ -32,52 +34,7 @@ public:
     VKFACVENTAS(const VKFACVENTAS&) = delete;
     VKFACVENTAS& operator=(const VKFACVENTAS&) = delete;
 
-    // --- the invoice record ---
-    QString SerieFactura;
-    qint32 NumeroFactura = 0; // 0 asks NuevaFactura for the next one
-    qint32 IdCliente = 0;
-    QString Observaciones;
-    QDate FechaFactura; // not a date: the server's today
-    qint32 IdFactu = 0;
-    double TotalFactura = 0;
-    double Bruto = 0;
-    double PorcentajeDto1 = 0;
-    double ImpDto1 = 0;
-    double Bruto1 = 0;
-    double PorcentajeDto2 = 0;
-    double ImpDto2 = 0;
-    double ImpDtoPie1 = 0;
-    double BaseIva1 = 0, BaseIva2 = 0, BaseIva3 = 0;
-    double PorcentajeIva1 = 0, PorcentajeIva2 = 0, PorcentajeIva3 = 0;
-    double ImpIva1 = 0, ImpIva2 = 0, ImpIva3 = 0;
-    double PorcentajeRecargo1 = 0, PorcentajeRecargo2 = 0, PorcentajeRecargo3 = 0;
-    double ImpRecargo1 = 0, ImpRecargo2 = 0, ImpRecargo3 = 0;
-    QString CtaIva1, CtaIva2, CtaIva3;
-    QString CtaRec1, CtaRec2, CtaRec3;
-    double PorcentajeRetencion = 0;
-    double ImpRetencion = 0;
-    QString CtaRet;
-    double porcentajeretencionnf = 0;
-    qint16 nModoRetNF = 0; // 0 on the sum of the bases, 1 on the total
-    double RetencionNF = 0;
-    double Liquido = 0;
-    qint32 IdFco = 0;
-    qint32 idDir = 0; // 0 or less: the invoice's own address columns
-    QString Sg;
-    QString Nombre;
-    QString Num; // not a number above 0: stored as NULL
-    QString Escalera, Piso, Puerta;
-    QString Cp;
-    QString Pais;
-    qint16 Provincia = 0;
-    QString Poblacion;
-    qint32 CliCod = 0;
-    QString CliNom, CliDoc;
-    QString Aatencion;
-    qint32 IdLavManual = 0;
-    double ImpDifManual = 0;
-    QString sCtaCobro;
-    QString sCtaCompensa;
+    // --- issue options of the invoice in hand ---
     quint8 Tipo_Emision = 0; // 0 viewer, 1 printer, 2 PDF file, 3 mail
     bool Copia = false;
     bool ImprimeAlbaran = false;
@@ -117,6 +74,8 @@ public:
     QString getSeriesFactura();
     // Writes the header row and returns its Fav_Id, or 0 when none was made.
     qint32 NuevaFactura(qint16 nTipo = 0);
+    // Reads the invoice's Fav row into the record; false when there is none.
+    bool CargaFactura(qint32 idFactu);
     void CalculoTotalesFactura();
     bool GrabaFactura(bool bRecibos = false, bool bEdi = false);
     bool VerificarFechaFactura(const QString& sSerie, const QString& sFecha);

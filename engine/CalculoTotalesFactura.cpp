@@ -10,7 +10,6 @@
 #include <ErrorBd.h>
 #include <Redondeo.h>
 #include <VKFACVENTAS.h>
-#include <array>
 #include <tuple>
 
 namespace vk {
@@ -71,23 +70,11 @@ void VKFACVENTAS::CalculoTotalesFactura() {
             "ORDER BY Tiva_Iva DESC NULLS LAST, Cav_IdTiva, Tiva_Id"),
         {IdFactu});
 
-    std::array<double*, 3> base{&BaseIva1, &BaseIva2, &BaseIva3};
-    std::array<double*, 3> pIva{&PorcentajeIva1, &PorcentajeIva2, &PorcentajeIva3};
-    std::array<double*, 3> iIva{&ImpIva1, &ImpIva2, &ImpIva3};
-    std::array<double*, 3> pRec{&PorcentajeRecargo1, &PorcentajeRecargo2, &PorcentajeRecargo3};
-    std::array<double*, 3> iRec{&ImpRecargo1, &ImpRecargo2, &ImpRecargo3};
-    std::array<QString*, 3> cIva{&CtaIva1, &CtaIva2, &CtaIva3};
-    std::array<QString*, 3> cRec{&CtaRec1, &CtaRec2, &CtaRec3};
-
     // Everything that is added up starts again, so a second run gives the
     // same invoice. The non-fiscal retention's settings are not cleared.
     Bruto = PorcentajeDto1 = PorcentajeDto2 = ImpDto1 = Bruto1 = ImpDto2 = ImpDtoPie1 = 0;
     PorcentajeRetencion = ImpRetencion = 0;
-    for (int i = 0; i < 3; ++i) {
-        *base[i] = *pIva[i] = *iIva[i] = *pRec[i] = *iRec[i] = 0;
-        cIva[i]->clear();
-        cRec[i]->clear();
-    }
+    TramosIva.fill(TramoIva{});
     CtaRet.clear();
 
     // A negative sum of the bases is a credit note: it keeps the lines' rates.
@@ -140,7 +127,7 @@ void VKFACVENTAS::CalculoTotalesFactura() {
             sustituye("Tiva_Rec", nRec);
             sustituye("Tiva_Ret", nRet);
         }
-        if (nSlot >= 3) {
+        if (nSlot >= static_cast<int>(kTramosIva)) {
             continue; // a fourth group only adds to Bruto and ImpDtoPie1
         }
         if (nSlot == 0) {
@@ -149,11 +136,12 @@ void VKFACVENTAS::CalculoTotalesFactura() {
             porcentajeretencionnf = rs.Fields(QStringLiteral("Fav_PRetNf")).Doble();
             nModoRetNF = static_cast<qint16>(rs.Fields(QStringLiteral("Fav_ModRet")).Entero());
         }
-        *base[nSlot] = g.base;
-        *pIva[nSlot] = nIva;
-        *iIva[nSlot] = Redondea(g.base * (nIva / 100), 2);
-        *pRec[nSlot] = nRec;
-        *iRec[nSlot] = Redondea(g.base * (nRec / 100), 2);
+        TramoIva& tramo = TramosIva[static_cast<std::size_t>(nSlot)];
+        tramo.Base = g.base;
+        tramo.PorcentajeIva = nIva;
+        tramo.ImpIva = Redondea(g.base * (nIva / 100), 2);
+        tramo.PorcentajeRecargo = nRec;
+        tramo.ImpRecargo = Redondea(g.base * (nRec / 100), 2);
         if (nSlot == 0) {
             // Withholding from the first group alone; on rental it also
             // bears on the VAT.
@@ -165,7 +153,7 @@ void VKFACVENTAS::CalculoTotalesFactura() {
                                        : QStringLiteral("Par_CtaVIrpf"))
                          .Texto();
         }
-        std::tie(*cIva[nSlot], *cRec[nSlot]) = fnCuentasIvaRec(bd, nIva, nReg, fecha);
+        std::tie(tramo.CtaIva, tramo.CtaRec) = fnCuentasIvaRec(bd, nIva, nReg, fecha);
     }
 
     // The footer discount is stored and printed in cents, so the bases are
@@ -178,20 +166,24 @@ void VKFACVENTAS::CalculoTotalesFactura() {
     ImpDto1 = Redondea((PorcentajeDto1 / 100) * Bruto, 2);
     Bruto1 = Bruto - ImpDto1;
     ImpDto2 = Redondea((PorcentajeDto2 / 100) * Bruto1, 2);
-    const double nDif = fnRedondeoNormal(
-        Bruto - (BaseIva2 + BaseIva1 + BaseIva3) - (ImpDto2 + ImpDto1) - ImpDtoPie1, 2);
+    const double nDif = fnRedondeoNormal(Bruto - SumaBases() - (ImpDto2 + ImpDto1) - ImpDtoPie1, 2);
     if (nDif != 0) {
-        BaseIva1 += nDif;
+        TramosIva[0].Base += nDif;
     }
 
-    TotalFactura = Redondea(BaseIva1 + ImpIva1 + ImpRecargo1 + BaseIva2 + ImpIva2 + ImpRecargo2 +
-                                BaseIva3 + ImpIva3 + ImpRecargo3 - ImpRetencion,
-                            2);
+    // Added one figure at a time, first slot to last, so the cents come out
+    // as they always have.
+    double sumaTramos = 0;
+    for (const TramoIva& t : TramosIva) {
+        sumaTramos += t.Base;
+        sumaTramos += t.ImpIva;
+        sumaTramos += t.ImpRecargo;
+    }
+    TotalFactura = Redondea(sumaTramos - ImpRetencion, 2);
 
     if (porcentajeretencionnf != 0) {
         if (nModoRetNF == 0) {
-            RetencionNF =
-                Redondea((BaseIva1 + BaseIva2 + BaseIva3) * (porcentajeretencionnf / 100), 2);
+            RetencionNF = Redondea(SumaBases() * (porcentajeretencionnf / 100), 2);
         } else if (nModoRetNF == 1) {
             RetencionNF = Redondea((porcentajeretencionnf / 100) * TotalFactura, 2);
         }

@@ -5,8 +5,8 @@
 #include "MensajesMotor.h"
 #include "frmIniFav.h"
 
+#include <ColumnasFav.h>
 #include <ErrorBd.h>
-#include <Formato.h>
 #include <Interaccion.h>
 #include <NombreCliente.h>
 #include <VKFACVENTAS.h>
@@ -72,49 +72,19 @@ qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
 
     bd.Tabla(QStringLiteral("Fav"));
     BdCampos& c = bd.xlsCampos();
-    c.Add(QStringLiteral("Fav_Serie"), TipoCampo::Texto, SerieFactura);
-    c.Add(QStringLiteral("Fav_Numero"), TipoCampo::Numero, NumeroFactura);
+    EscribeColumnasFav(c, *this, OperacionFav::Alta);
+    // Any customer but the counter one is frozen on the invoice as its
+    // record stands; the facade's identity fields are left as the caller set
+    // them.
+    if (!esContado) {
+        c.Add(ColumnaFavDe(*this, &CliCod), TipoCampo::Numero,
+              cli.Fields(QStringLiteral("cli_cod")).Value());
+        c.Add(ColumnaFavDe(*this, &CliNom), TipoCampo::Texto,
+              cli.Fields(QStringLiteral("rsoc")).Texto());
+        c.Add(ColumnaFavDe(*this, &CliDoc), TipoCampo::Texto,
+              cli.Fields(QStringLiteral("cli_doc")).Texto());
+    }
     c.Add(QStringLiteral("Fav_IdUsu"), TipoCampo::Numero, bd.IdUsuario());
-    c.Add(QStringLiteral("Fav_IdCli"), TipoCampo::Numero, IdCliente);
-    c.Add(QStringLiteral("Fav_CliCod"), TipoCampo::Numero,
-          esContado ? QVariant(CliCod) : cli.Fields(QStringLiteral("cli_cod")).Value());
-    c.Add(QStringLiteral("Fav_CliNom"), TipoCampo::Texto,
-          esContado ? CliNom : cli.Fields(QStringLiteral("rsoc")).Texto());
-    c.Add(QStringLiteral("Fav_CliDoc"), TipoCampo::Texto,
-          esContado ? CliDoc : cli.Fields(QStringLiteral("cli_doc")).Texto());
-    c.Add(QStringLiteral("Fav_IdFco"), TipoCampo::Numero, IdFco);
-    c.Add(QStringLiteral("Fav_IdDir"), TipoCampo::Numero, idDir);
-    if (Observaciones.isEmpty()) {
-        c.Add(QStringLiteral("Fav_Obs"), TipoCampo::Expresion, QStringLiteral("Null"));
-    } else {
-        c.Add(QStringLiteral("Fav_Obs"), TipoCampo::Texto, Observaciones);
-    }
-    if (FechaFactura.isValid()) {
-        c.Add(QStringLiteral("Fav_Fecha"), TipoCampo::Fecha, FechaFactura);
-    } else {
-        c.Add(QStringLiteral("Fav_Fecha"), TipoCampo::Expresion, QStringLiteral("Getdate()"));
-    }
-    c.Add(QStringLiteral("Fav_Sg"), TipoCampo::Texto, Sg);
-    c.Add(QStringLiteral("Fav_Nombre"), TipoCampo::Texto, Nombre);
-    const double num = Val(Num);
-    if (num > 0) {
-        c.Add(QStringLiteral("Fav_Num"), TipoCampo::Numero, num);
-    } else {
-        c.Add(QStringLiteral("Fav_Num"), TipoCampo::Expresion, QStringLiteral("Null"));
-    }
-    c.Add(QStringLiteral("Fav_Escalera"), TipoCampo::Texto, Escalera);
-    c.Add(QStringLiteral("Fav_Piso"), TipoCampo::Texto, Piso);
-    c.Add(QStringLiteral("Fav_Puerta"), TipoCampo::Texto, Puerta);
-    c.Add(QStringLiteral("Fav_Cp"), TipoCampo::Texto, Cp);
-    c.Add(QStringLiteral("Fav_Pais"), TipoCampo::Texto, Pais);
-    c.Add(QStringLiteral("Fav_Provincia"), TipoCampo::Numero, Provincia);
-    c.Add(QStringLiteral("Fav_Poblacion"), TipoCampo::Texto, Poblacion);
-    c.Add(QStringLiteral("Fav_Dto1"), TipoCampo::Importe, PorcentajeDto1, 2);
-    c.Add(QStringLiteral("Fav_Dto2"), TipoCampo::Importe, PorcentajeDto2, 2);
-    c.Add(QStringLiteral("Fav_PRetNf"), TipoCampo::Importe, porcentajeretencionnf, 2);
-    c.Add(QStringLiteral("Fav_ModRet"), TipoCampo::Numero, nModoRetNF);
-    c.Add(QStringLiteral("Fav_ImpDtoPie1"), TipoCampo::Importe, ImpDtoPie1, 2);
-    c.Add(QStringLiteral("Fav_CtaCobro"), TipoCampo::Texto, sCtaCobro);
     c.Add(QStringLiteral("Fav_Tipo"), TipoCampo::Numero, nTipo);
     QString mensaje;
     qint64 id = 0;

@@ -2,6 +2,7 @@
 #include "EmpresaPrueba.h"
 
 #include <ErrorBd.h>
+#include <Redondeo.h>
 
 namespace vk::prueba {
 namespace {
@@ -201,6 +202,30 @@ TEST_P(Totales, LineWithoutTaxRowIsAClearError) {
     e->cn().Execute(QStringLiteral("UPDATE Lav SET Lav_Tiva = 0 WHERE Lav_IdCav = ?"), {a});
     e->nuevaFactura(c, kHoy, {a});
     EXPECT_THROW(e->factura().CalculoTotalesFactura(), ErrorBd);
+}
+
+// Each slot is filled whole through its type: one tax group, its VAT and
+// surcharge on its own base, its accounts; the total is the slots' sum.
+TEST_P(Totales, EachSlotIsOneTaxGroupFilledThroughItsType) {
+    const qint32 tienda = e->cliente({.regimen = 2});
+    const qint32 general = e->albaran(tienda, kHoy, 1, {{100, 1, 1}, {40, 1, 3}});
+    const qint32 recargo = e->albaran(tienda, kHoy, 2, {{100, 2, 1}});
+    VKFACVENTAS& f = calcula(tienda, {general, recargo});
+    double total = 0;
+    for (std::size_t i = 0; i < kTramosIva; ++i) {
+        const TramoIva& t = f.TramosIva[i];
+        EXPECT_NE(t.Base, 0) << i;
+        EXPECT_DOUBLE_EQ(t.ImpIva, Redondea(t.Base * t.PorcentajeIva / 100, 2)) << i;
+        EXPECT_DOUBLE_EQ(t.ImpRecargo, Redondea(t.Base * t.PorcentajeRecargo / 100, 2)) << i;
+        EXPECT_FALSE(t.CtaIva.isEmpty()) << i;
+        if (i > 0) {
+            EXPECT_GE(f.TramosIva[i - 1].PorcentajeIva, t.PorcentajeIva) << i;
+        }
+        total += t.Base + t.ImpIva + t.ImpRecargo;
+    }
+    EXPECT_DOUBLE_EQ(f.TramosIva[1].ImpRecargo, 5.20); // the surcharge regime's own slot
+    EXPECT_DOUBLE_EQ(f.SumaBases(), 240);
+    EXPECT_DOUBLE_EQ(f.TotalFactura, Redondea(total, 2));
 }
 
 VK_EN_AMBOS_MOTORES(Totales);
