@@ -6,10 +6,10 @@
 #pragma once
 
 #include "EmisionInforme.h"
-#include "Reporte.h"
 
 #include <BdSesion.h>
 #include <QString>
+#include <Reporte.h>
 
 namespace vk {
 
