@@ -1,39 +1,15 @@
-// Lays a report's rows out in pages and paints them with QPainter on any
-// paged device: a PDF writer, a printer, or the preview's printer. One code
-// path, so that what the viewer shows is what the printer and the PDF get.
+// A report on any paged device in one step: laid out (MaquetaInforme.h) and
+// painted by the paged sink (PintaPaginas.h). The PDF writer, the printer and
+// the preview's printer all come here.
 #pragma once
 
+#include "MaquetaInforme.h"
+#include "PintaPaginas.h"
 #include "Reporte.h"
-
-#include <QRectF>
 
 class QPagedPaintDevice;
 
 namespace vk::informe {
-
-// Where each section instance went: for tests and the preview's page count.
-struct SeccionColocada {
-    QString seccion;
-    int fila = -1;  // row of the saved data it was printed with
-    int pagina = 0; // 0-based
-    int top = 0;    // twips from the paper's top edge
-    int alto = 0;
-};
-
-// What was painted where, in painting order: the texts as they really
-// stand (their own extent, which may pass their object's frame) and the
-// filled boxes and pictures, in twips from the paper's top left corner. Lets
-// a check find a figure drawn over another, over a picture, or hidden under a
-// box painted after it.
-struct Pintado {
-    enum class Clase { Texto, Relleno, Imagen };
-    Clase clase = Clase::Texto;
-    QString objeto; // name of the design's object
-    QString origen; // the column or formula it shows
-    QString texto;
-    int pagina = 0;
-    QRectF rect;
-};
 
 struct ResultadoRender {
     int paginas = 0;
