@@ -1,13 +1,13 @@
 #include "EmisionInforme.h"
 
-#include "DisenoInforme.h"
 #include "OpcionesInforme.h"
-#include "RenderizadorInforme.h"
 #include "SqlFacturas.h"
 
+#include <DisenoInforme.h>
 #include <ErrorBd.h>
 #include <QFileInfo>
 #include <QPdfWriter>
+#include <RenderizadorInforme.h>
 #include <VKFACVENTAS.h>
 
 namespace vk {

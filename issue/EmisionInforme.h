@@ -2,11 +2,10 @@
 // the options of the report, and the PDF route.
 #pragma once
 
-#include "Reporte.h"
-
 #include <BdSesion.h>
 #include <QString>
 #include <QVector>
+#include <Reporte.h>
 
 namespace vk {
 

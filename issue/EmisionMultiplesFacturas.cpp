@@ -1,7 +1,6 @@
 // The issue dispatcher: every invoice that leaves the system leaves through
 // here. It picks the layout by design and template key, binds the rows and
 // delivers by the route the facade's Tipo_Emision names.
-#include "DisenoInforme.h"
 #include "EmisionInforme.h"
 #include "FacturaObras.h"
 #include "FacturaTransportes.h"
@@ -15,6 +14,7 @@
 #include "frmEmisionFacturas.h"
 #include "spool/LayoutsTexto.h"
 
+#include <DisenoInforme.h>
 #include <ErrorBd.h>
 #include <Interaccion.h>
 #include <VKFACVENTAS.h>

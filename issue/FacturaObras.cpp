@@ -1,6 +1,5 @@
 #include "FacturaObras.h"
 
-#include "DisenoInforme.h"
 #include "EmisionInforme.h"
 #include "FamiliasInforme.h"
 #include "Ficheros.h"
@@ -10,6 +9,7 @@
 #include "SqlFacturas.h"
 #include "VKCRFACTURAS.h"
 
+#include <DisenoInforme.h>
 #include <ErrorBd.h>
 #include <Interaccion.h>
 #include <QFileInfo>

@@ -2,7 +2,6 @@
 
 #include "EmisionInforme.h"
 #include "FamiliasInforme.h"
-#include "Formula.h"
 #include "MensajesEmision.h"
 #include "OpcionesInforme.h"
 #include "RutasEmision.h"
@@ -10,6 +9,7 @@
 #include "VKCRFACTURAS.h"
 
 #include <Formato.h>
+#include <Formula.h>
 #include <Interaccion.h>
 #include <VKFACVENTAS.h>
 #include <map>

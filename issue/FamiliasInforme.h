@@ -2,10 +2,9 @@
 // and their own failure box.
 #pragma once
 
-#include "Reporte.h"
-
 #include <BdSesion.h>
 #include <QString>
+#include <Reporte.h>
 #include <functional>
 #include <memory>
 

@@ -1,7 +1,6 @@
 #include "Ficheros.h"
 
-#include "DisenoInforme.h"
-
+#include <DisenoInforme.h>
 #include <ErrorBd.h>
 #include <QDesktopServices>
 #include <QDir>
@@ -9,14 +8,6 @@
 #include <QUrl>
 
 namespace vk {
-
-QString fnCarpetaDatos() {
-    QString carpeta = qEnvironmentVariable("VKFACTUVEN_DATOS");
-    if (carpeta.isEmpty()) {
-        carpeta = QDir::home().filePath(QStringLiteral(".local/share/vkfactuven"));
-    }
-    return carpeta;
-}
 
 QString fnCarpetaFdoc(int idUsuario) {
     const QString datos = fnCarpetaDatos();

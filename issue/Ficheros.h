@@ -2,13 +2,10 @@
 // per-user working folder, and opening a file with the desktop's program.
 #pragma once
 
+#include <CarpetaDatos.h>
 #include <QString>
 
 namespace vk {
-
-// The installation's data folder (VKFACTUVEN_DATOS, default
-// ~/.local/share/vkfactuven); who writes into it creates what it needs.
-QString fnCarpetaDatos();
 
 // The per-user working folder "FDOC" + user id inside the data folder;
 // the data folder itself when it cannot be created.

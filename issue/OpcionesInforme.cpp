@@ -1,11 +1,11 @@
 #include "OpcionesInforme.h"
 
 #include "Ficheros.h"
-#include "Formula.h"
 #include "MensajesEmision.h"
 
 #include <ErrorBd.h>
 #include <Formato.h>
+#include <Formula.h>
 #include <Interaccion.h>
 #include <QDir>
 #include <QFile>

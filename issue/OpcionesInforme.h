@@ -7,10 +7,10 @@
 
 #include "EmisionInforme.h"
 #include "ParametrosEmision.h"
-#include "Reporte.h"
 
 #include <BdSesion.h>
 #include <QString>
+#include <Reporte.h>
 
 namespace vk {
 

@@ -3,7 +3,6 @@
 #include "EmisionInforme.h"
 #include "Ficheros.h"
 #include "MensajesEmision.h"
-#include "RenderizadorInforme.h"
 #include "frmVisor.h"
 
 #include <Ajustes.h>
@@ -12,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QPrinter>
+#include <RenderizadorInforme.h>
 #include <VKFACVENTAS.h>
 
 namespace vk {

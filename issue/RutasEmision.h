@@ -3,9 +3,8 @@
 // file. Mail is not built yet and ends in a failure.
 #pragma once
 
-#include "Reporte.h"
-
 #include <Recordset.h>
+#include <Reporte.h>
 #include <memory>
 
 namespace vk {

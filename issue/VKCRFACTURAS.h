@@ -2,9 +2,8 @@
 // returns the loaded report design, ready for options and data.
 #pragma once
 
-#include "Reporte.h"
-
 #include <Componentes.h>
+#include <Reporte.h>
 #include <memory>
 
 namespace vk {

@@ -2,10 +2,9 @@
 // when several invoices go together, the list of them to jump between.
 #pragma once
 
-#include "Reporte.h"
-
 #include <Interaccion.h>
 #include <QStringList>
+#include <Reporte.h>
 #include <memory>
 
 namespace vk {

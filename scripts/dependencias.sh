@@ -2,7 +2,8 @@
 # Installs the Debian packages the build, the tests and the demo need, only
 # those that are missing, so a second run costs nothing. CUPS gives the spool
 # its lp and lpstat, and the tests a private scheduler (cupsd, the pass-through
-# filter) for a queue of their own.
+# filter) for a queue of their own. libxlsxwriter writes the spreadsheet
+# listings; openpyxl reads them back in their test.
 set -euo pipefail
 
 paquetes=(
@@ -13,6 +14,7 @@ paquetes=(
     fonts-dejavu-core fonts-liberation2
     poppler-utils qpdf
     cups cups-client
+    libxlsxwriter-dev python3-openpyxl
 )
 
 faltan=()

@@ -2,8 +2,8 @@
 // the printer runs the layout of the template key; PLT15 goes on to the
 // report; an unreachable printer, a failing statement and a bad stationery
 // file each end in their message.
-#include "../issue/PdfTexto.h"
 #include "EmpresaSpool.h"
+#include "PdfTexto.h"
 
 #include <Ficheros.h>
 #include <LayoutsTexto.h>

@@ -1,4 +1,4 @@
-#include "RenderizadorInforme.h"
+#include "MaquetaInforme.h"
 
 #include "Formula.h"
 
@@ -6,11 +6,7 @@
 #include <Formato.h>
 #include <QDate>
 #include <QFontMetricsF>
-#include <QImage>
-#include <QPageLayout>
-#include <QPageSize>
-#include <QPagedPaintDevice>
-#include <QPainter>
+#include <QPaintDevice>
 #include <QRegularExpression>
 #include <cmath>
 
@@ -57,24 +53,12 @@ private:
     int fila_;
 };
 
-QColor qcolor(int c) {
-    return QColor((c >> 16) & 0xff, (c >> 8) & 0xff, c & 0xff);
-}
-
-QFont qfont(const Fuente& f) {
-    QFont q(f.familia);
-    q.setPointSizeF(f.puntos);
-    q.setBold(f.negrita);
-    q.setItalic(f.cursiva);
-    return q;
-}
-
 class Maquetador {
 public:
-    Maquetador(Reporte& r, QPagedPaintDevice& dev)
-        : r_(r), d_(r.Datos()), dev_(dev), k_(dev.logicalDpiY() / 1440.0) {}
+    Maquetador(Reporte& r, const QPaintDevice& dev)
+        : r_(r), d_(r.Datos()), dev_(dev), k_(UnidadesPorTwip(dev)) {}
 
-    ResultadoRender Ejecuta();
+    InformeMaquetado Ejecuta();
 
 private:
     // How far an object of a section instance moves down and grows: a text
@@ -116,9 +100,6 @@ private:
                o.Tipo == TipoObjeto::Texto || o.Tipo == TipoObjeto::Especial;
     }
     int banderas(const ObjetoInforme& o, const QVariant& v) const;
-    QRectF rectDispositivo(double x, double y, double w, double h) const {
-        return QRectF(x * k_, y * k_, w * k_, h * k_);
-    }
     double relleno(const ObjetoInforme& o) const {
         return o.BackColor != kSinColor || o.BorderColor != kSinColor ? 45 : 0;
     }
@@ -142,17 +123,19 @@ private:
     // footer; nothing when no row belongs to the main row.
     std::vector<Colocada> maquetaSubinforme(const ObjetoInforme& o, int fila) const;
 
-    // --- painting ---
-    void pinta(QPainter& p, const Colocada& c, const InfoPagina& info) const {
-        pinta(p, c, info, r_.LeftMargin);
-    }
-    void pinta(QPainter& p, const Colocada& c, const InfoPagina& info, double x0) const;
-    void pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0,
-                     const Ajuste& a, const InfoPagina& info) const;
+    // --- items ---
+    // The items of a section instance whose left edge is at x0, appended to
+    // the page's.
+    void situa(const Colocada& c, const InfoPagina& info, double x0,
+               std::vector<ElementoInforme>& salida) const;
+    void situaObjeto(const ObjetoInforme& o, int fila, double x0, double y0, const Ajuste& a,
+                     const InfoPagina& info, std::vector<ElementoInforme>& salida) const;
+    // What the text of an object that may not grow shows in its box.
+    QString recortado(const ElementoInforme& e) const;
 
     Reporte& r_;
     const DatosInforme& d_;
-    QPagedPaintDevice& dev_;
+    const QPaintDevice& dev_;
     double k_;
     std::vector<Pagina> paginas_;
     int y_ = 0;
@@ -161,18 +144,6 @@ private:
     bool forzarPagina_ = false;
     int activos_ = 0;   // group levels whose header has been printed
     int instancia_ = 0; // instance of the page-numbering group
-    // Where painting reports to, shared with the subreports' painters.
-    mutable std::vector<Pintado>* pintados_ = nullptr;
-    mutable int pagina_ = 0;
-
-    void anota(Pintado::Clase clase, const ObjetoInforme& o, const QString& t,
-               const QRectF& dispositivo) const {
-        if (pintados_ != nullptr) {
-            pintados_->push_back({clase, o.Name, o.Texto, t, pagina_,
-                                  QRectF(dispositivo.left() / k_, dispositivo.top() / k_,
-                                         dispositivo.width() / k_, dispositivo.height() / k_)});
-        }
-    }
 };
 
 int Maquetador::nivel(const Seccion& s) const {
@@ -303,7 +274,7 @@ int Maquetador::crecimiento(const ObjetoInforme& o, int fila) const {
     if (t.isEmpty()) {
         return 0;
     }
-    const QFontMetricsF fm(qfont(o.Font), &dev_);
+    const QFontMetricsF fm(FuenteQt(o.Font), &dev_);
     const double ancho = (o.Width - 2 * relleno(o)) * k_;
     const QRectF caja =
         fm.boundingRect(QRectF(0, 0, ancho, 1e7), banderas(o, valor(o, fila, info)), t);
@@ -446,7 +417,7 @@ void Maquetador::cierraGrupos(int desde, int fila) {
     }
 }
 
-ResultadoRender Maquetador::Ejecuta() {
+InformeMaquetado Maquetador::Ejecuta() {
     const int filas = static_cast<int>(d_.filas.size());
     const int niveles = static_cast<int>(r_.Grupos.size());
     std::vector<int> columnas;
@@ -505,20 +476,12 @@ ResultadoRender Maquetador::Ejecuta() {
         nuevaPagina(0);
     }
 
-    QPainter p;
-    if (!p.begin(&dev_)) {
-        throw ErrorBd(
-            QStringLiteral("No se puede dibujar el informe %1 en el destino.").arg(r_.Name));
-    }
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setRenderHint(QPainter::TextAntialiasing);
-    ResultadoRender res;
-    res.paginas = static_cast<int>(paginas_.size());
+    InformeMaquetado res;
+    res.nombre = r_.Name;
     res.anchoPapel = r_.AnchoPapel;
-    pintados_ = &res.pintados;
+    res.altoPapel = r_.AltoPapel;
     for (size_t i = 0; i < paginas_.size(); ++i) {
         const Pagina& pag = paginas_[i];
-        pagina_ = static_cast<int>(i);
         InfoPagina info;
         info.numero = 1;
         info.total = 0;
@@ -530,11 +493,9 @@ ResultadoRender Maquetador::Ejecuta() {
                 }
             }
         }
-        if (i > 0) {
-            dev_.newPage();
-        }
+        std::vector<ElementoInforme>& elementos = res.paginas.emplace_back().elementos;
         for (const Colocada& c : pag.items) {
-            pinta(p, c, info);
+            situa(c, info, r_.LeftMargin, elementos);
             res.colocadas.push_back({c.s->Name, c.fila, static_cast<int>(i), c.top, c.alto});
         }
         int y = r_.AltoPapel - r_.BottomMargin - altoPie();
@@ -544,14 +505,12 @@ ResultadoRender Maquetador::Ejecuta() {
                 // grows or moves.
                 const Colocada c{s, pag.filaPie, y, s->Height,
                                  std::vector<Ajuste>(s->Objetos.size())};
-                pinta(p, c, info);
+                situa(c, info, r_.LeftMargin, elementos);
                 res.colocadas.push_back({s->Name, pag.filaPie, static_cast<int>(i), y, s->Height});
                 y += s->Height;
             }
         }
     }
-    p.end();
-    pintados_ = nullptr;
     return res;
 }
 
@@ -616,44 +575,50 @@ std::vector<Maquetador::Colocada> Maquetador::maquetaSubinforme(const ObjetoInfo
     return r;
 }
 
-void Maquetador::pinta(QPainter& p, const Colocada& c, const InfoPagina& info, double x0) const {
+void Maquetador::situa(const Colocada& c, const InfoPagina& info, double x0,
+                       std::vector<ElementoInforme>& salida) const {
     const Seccion& s = *c.s;
     if (s.BackColor != kSinColor) {
-        p.fillRect(
-            rectDispositivo(x0, c.top, r_.AnchoPapel - r_.LeftMargin - r_.RightMargin, c.alto),
-            qcolor(s.BackColor));
+        ElementoInforme e;
+        e.clase = ElementoInforme::Clase::Fondo;
+        e.rect = QRectF(x0, c.top, r_.AnchoPapel - r_.LeftMargin - r_.RightMargin, c.alto);
+        e.relleno = s.BackColor;
+        salida.push_back(std::move(e));
     }
     for (size_t i = 0; i < s.Objetos.size(); ++i) {
         const ObjetoInforme& o = s.Objetos[i];
         if (visible(o, c.fila)) {
-            pintaObjeto(p, o, c.fila, x0, c.top, c.ajustes[i], info);
+            situaObjeto(o, c.fila, x0, c.top, c.ajustes[i], info, salida);
         }
     }
 }
 
-void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, double x0, double y0,
-                             const Ajuste& a, const InfoPagina& info) const {
-    const QRectF r = rectDispositivo(x0 + o.Left, y0 + o.Top + a.baja, o.Width, o.Height + a.crece);
-    const double grosor = std::max(1.0, o.LineWidth * k_);
+void Maquetador::situaObjeto(const ObjetoInforme& o, int fila, double x0, double y0,
+                             const Ajuste& a, const InfoPagina& info,
+                             std::vector<ElementoInforme>& salida) const {
+    ElementoInforme e;
+    e.objeto = o.Name;
+    e.origen = o.Texto;
+    e.rect = QRectF(x0 + o.Left, y0 + o.Top + a.baja, o.Width, o.Height + a.crece);
+    e.grosor = o.LineWidth;
     switch (o.Tipo) {
-    case TipoObjeto::Caja: {
-        p.setPen(o.BorderColor == kSinColor && o.BackColor != kSinColor
-                     ? QPen(Qt::NoPen)
-                     : QPen(qcolor(o.BorderColor == kSinColor ? 0 : o.BorderColor), grosor));
-        p.setBrush(o.BackColor == kSinColor ? QBrush(Qt::NoBrush) : QBrush(qcolor(o.BackColor)));
-        if (o.Redondeo > 0) {
-            p.drawRoundedRect(r, o.Redondeo * k_, o.Redondeo * k_);
-        } else {
-            p.drawRect(r);
-        }
-        if (o.BackColor != kSinColor) {
-            anota(Pintado::Clase::Relleno, o, {}, r);
-        }
+    case TipoObjeto::Caja:
+        e.clase = ElementoInforme::Clase::Caja;
+        // A filled box without a border colour has no outline; an unfilled
+        // one is outlined in black at least.
+        e.color = o.BorderColor == kSinColor && o.BackColor != kSinColor ? kSinColor
+                  : o.BorderColor == kSinColor                           ? 0
+                                                                         : o.BorderColor;
+        e.relleno = o.BackColor;
+        e.redondeo = o.Redondeo;
+        salida.push_back(std::move(e));
         return;
-    }
     case TipoObjeto::Linea:
-        p.setPen(QPen(qcolor(o.BorderColor == kSinColor ? o.ForeColor : o.BorderColor), grosor));
-        p.drawLine(r.topLeft(), QPointF(r.left() + o.Width * k_, r.top() + o.Height * k_));
+        // A line keeps its own extent: growth moves it, never stretches it.
+        e.clase = ElementoInforme::Clase::Linea;
+        e.rect.setHeight(o.Height);
+        e.color = o.BorderColor == kSinColor ? o.ForeColor : o.BorderColor;
+        salida.push_back(std::move(e));
         return;
     case TipoObjeto::Subinforme: {
         const std::vector<Colocada> secciones = maquetaSubinforme(o, fila);
@@ -661,69 +626,90 @@ void Maquetador::pintaObjeto(QPainter& p, const ObjetoInforme& o, int fila, doub
             return;
         }
         const Maquetador m(r_.OpenSubreport(o.Texto), dev_);
-        m.pintados_ = pintados_;
-        m.pagina_ = pagina_;
         for (Colocada c : secciones) {
             c.top += static_cast<int>(y0) + o.Top + a.baja;
-            m.pinta(p, c, info, x0 + o.Left);
+            m.situa(c, info, x0 + o.Left, salida);
         }
         return;
     }
-    case TipoObjeto::Imagen: {
-        const QImage img(valor(o, fila, info).toString());
-        if (!img.isNull()) {
-            const QImage escalada =
-                img.scaled(r.size().toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-            p.drawImage(QPointF(r.left(), r.top()), escalada);
-            anota(Pintado::Clase::Imagen, o, {}, QRectF(r.topLeft(), escalada.size()));
+    case TipoObjeto::Imagen:
+        e.imagen = QImage(valor(o, fila, info).toString());
+        if (!e.imagen.isNull()) {
+            e.clase = ElementoInforme::Clase::Imagen;
+            salida.push_back(std::move(e));
         }
         return;
-    }
     default:
         break;
     }
     const QVariant v = valor(o, fila, info);
     const QString t = texto(o, fila, info);
     if (o.BackColor != kSinColor) {
-        p.fillRect(r, qcolor(o.BackColor));
-        anota(Pintado::Clase::Relleno, o, {}, r);
+        ElementoInforme fondo = e;
+        fondo.clase = ElementoInforme::Clase::Relleno;
+        fondo.relleno = o.BackColor;
+        salida.push_back(std::move(fondo));
     }
     if (o.BorderColor != kSinColor) {
-        p.setPen(QPen(qcolor(o.BorderColor), grosor));
-        p.setBrush(Qt::NoBrush);
-        p.drawRect(r);
+        ElementoInforme marco = e;
+        marco.clase = ElementoInforme::Clase::Marco;
+        marco.color = o.BorderColor;
+        salida.push_back(std::move(marco));
     }
     if (t.isEmpty()) {
         return;
     }
-    p.setFont(qfont(o.Font));
-    p.setPen(qcolor(o.ForeColor));
-    const double margen = relleno(o) * k_;
-    const QRectF caja = r.adjusted(margen, 0, -margen, 0);
+    e.clase = ElementoInforme::Clase::Texto;
+    e.color = o.ForeColor;
+    e.fuente = o.Font;
+    e.banderas = banderas(o, v);
+    e.margen = relleno(o);
+    e.numero = EsNumero(v);
+    e.texto = t;
     // A text that may not grow is cut where its box ends, with an ellipsis
     // that says so, rather than run over the next column or off the paper. A
     // figure is never cut: a shortened amount would be a wrong one.
-    QString visible = t;
-    if (!o.CanGrow && !EsNumero(v)) {
-        const QFontMetricsF fm(p.font(), &dev_);
-        QStringList lineas = t.split(u'\n');
-        for (QString& l : lineas) {
-            l = fm.elidedText(l, Qt::ElideRight, caja.width());
-        }
-        visible = lineas.join(u'\n');
+    if (!o.CanGrow && !e.numero) {
+        e.texto = recortado(e);
     }
-    QRectF ocupado;
-    p.drawText(caja, banderas(o, v), visible, &ocupado);
-    anota(Pintado::Clase::Texto, o, visible, ocupado);
+    salida.push_back(std::move(e));
+}
+
+QString Maquetador::recortado(const ElementoInforme& e) const {
+    const QFontMetricsF fm(FuenteQt(e.fuente), &dev_);
+    const double ancho = CajaTexto(e, k_).width();
+    QStringList lineas = e.texto.split(u'\n');
+    for (QString& l : lineas) {
+        l = fm.elidedText(l, Qt::ElideRight, ancho);
+    }
+    return lineas.join(u'\n');
 }
 
 } // namespace
 
-ResultadoRender RenderizaInforme(Reporte& reporte, QPagedPaintDevice& dispositivo) {
-    const QPageSize papel(QSizeF(reporte.AnchoPapel / 1440.0, reporte.AltoPapel / 1440.0),
-                          QPageSize::Inch, QString(), QPageSize::ExactMatch);
-    dispositivo.setPageLayout(QPageLayout(papel, QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
-    Maquetador m(reporte, dispositivo);
+QFont FuenteQt(const Fuente& f) {
+    QFont q(f.familia);
+    q.setPointSizeF(f.puntos);
+    q.setBold(f.negrita);
+    q.setItalic(f.cursiva);
+    return q;
+}
+
+QRectF EnDispositivo(const QRectF& twips, double k) {
+    return QRectF(twips.x() * k, twips.y() * k, twips.width() * k, twips.height() * k);
+}
+
+QRectF CajaTexto(const ElementoInforme& e, double k) {
+    const double margen = e.margen * k;
+    return EnDispositivo(e.rect, k).adjusted(margen, 0, -margen, 0);
+}
+
+double UnidadesPorTwip(const QPaintDevice& dispositivo) {
+    return dispositivo.logicalDpiY() / 1440.0;
+}
+
+InformeMaquetado MaquetaInforme(Reporte& reporte, const QPaintDevice& medidas) {
+    Maquetador m(reporte, medidas);
     return m.Ejecuta();
 }
 

@@ -7,6 +7,7 @@
 #include <RenderizadorInforme.h>
 #include <map>
 #include <set>
+#include <tuple>
 
 namespace vk::informe {
 namespace {
@@ -244,6 +245,61 @@ TEST(Renderizador, SubreportRowsFollowTheirLineByTheLink) {
     r->OpenSubreport(QStringLiteral("Composicion"));
     r->Objeto(QStringLiteral("Sub1")).Enlace = QStringLiteral("des=noexiste");
     EXPECT_THROW(renderiza(*r, dir.filePath(QStringLiteral("mal.pdf"))), ErrorBd);
+}
+
+// The layout is a value of its own: made twice for a device it is the same,
+// and the pages paint exactly its texts, page by page and in its order. A
+// section's background is drawn and reported by no object.
+TEST(Renderizador, LayoutIsStableAndIsWhatThePagesPaint) {
+    QTemporaryDir dir;
+    auto r = informe(60);
+    r->Sections.Item(QStringLiteral("Totales")).BackColor = 0xEEEEEE;
+    const QString fichero = dir.filePath(QStringLiteral("maqueta.pdf"));
+    QPdfWriter pdf(fichero);
+    const InformeMaquetado a = MaquetaInforme(*r, pdf);
+    const InformeMaquetado b = MaquetaInforme(*r, pdf);
+    ASSERT_EQ(a.paginas.size(), b.paginas.size());
+    for (size_t p = 0; p < a.paginas.size(); ++p) {
+        const std::vector<ElementoInforme>& x = a.paginas[p].elementos;
+        const std::vector<ElementoInforme>& y = b.paginas[p].elementos;
+        ASSERT_EQ(x.size(), y.size()) << p;
+        for (size_t i = 0; i < x.size(); ++i) {
+            EXPECT_EQ(x[i].clase, y[i].clase);
+            EXPECT_EQ(x[i].rect, y[i].rect);
+            EXPECT_EQ(x[i].texto, y[i].texto);
+        }
+    }
+    EXPECT_EQ(a.colocadas.size(), b.colocadas.size());
+
+    const ResultadoRender res = RenderizaInforme(*r, pdf);
+    ASSERT_EQ(res.paginas, static_cast<int>(a.paginas.size()));
+    std::vector<std::tuple<int, QString, QString>> maquetados, pintados;
+    int fondos = 0;
+    for (size_t p = 0; p < a.paginas.size(); ++p) {
+        for (const ElementoInforme& e : a.paginas[p].elementos) {
+            if (e.clase == ElementoInforme::Clase::Texto) {
+                maquetados.emplace_back(static_cast<int>(p), e.objeto, e.texto);
+            }
+            if (e.clase == ElementoInforme::Clase::Fondo) {
+                ++fondos;
+                EXPECT_TRUE(e.objeto.isEmpty());
+                EXPECT_EQ(e.relleno, 0xEEEEEE);
+            }
+        }
+    }
+    for (const Pintado& p : res.pintados) {
+        EXPECT_NE(p.clase, Pintado::Clase::Relleno); // no object here is filled
+        if (p.clase == Pintado::Clase::Texto) {
+            pintados.emplace_back(p.pagina, p.objeto, p.texto);
+        }
+    }
+    EXPECT_EQ(fondos, 2); // one totals band per invoice
+    EXPECT_EQ(maquetados, pintados);
+    ASSERT_EQ(res.colocadas.size(), a.colocadas.size());
+    for (size_t i = 0; i < a.colocadas.size(); ++i) {
+        EXPECT_EQ(res.colocadas[i].seccion, a.colocadas[i].seccion);
+        EXPECT_EQ(res.colocadas[i].top, a.colocadas[i].top);
+    }
 }
 
 } // namespace

@@ -3,8 +3,8 @@
 // with Suppress, Left, Top, Width, Height, HorAlignment, BackColor and a font;
 // FormulaFields.GetItemByName(n).Text; Database.Tables.Item(1).SetDataSource;
 // HasSavedData, DiscardSavedData, ReadRecords; TopMargin; ReportTitle.
-// Positions and sizes are twips (1440 per inch). Toolkit-free: rendering is
-// RenderizadorInforme's business.
+// Positions and sizes are twips (1440 per inch). Toolkit-free: laying out
+// and painting are MaquetaInforme's and the sinks' business.
 #pragma once
 
 #include <QString>

@@ -1,7 +1,8 @@
 // Report designs: JSON files by report name (docs/disenos.md). The built-in
-// designs are compiled in; a file of the same name in the installation's
-// designs folder replaces the built-in one, and a design may extend another
-// and state only what differs.
+// designs are compiled in by the subsystem that owns them (issue/disenos for
+// the invoices) under the resource folder ":/disenos"; a file of the same name in the
+// installation's designs folder replaces the built-in one, and a design may extend another and
+// state only what differs.
 #pragma once
 
 #include "Reporte.h"
@@ -23,7 +24,7 @@ QJsonObject LeeDiseno(const QString& nombreReporte);
 // Builds the report from a merged design. Throws ErrorBd on unknown kinds.
 std::unique_ptr<Reporte> ConstruyeReporte(const QJsonObject& diseno);
 
-// LeeDiseno and ConstruyeReporte: what the issue code calls.
+// LeeDiseno and ConstruyeReporte: what callers use.
 std::unique_ptr<Reporte> CargaDiseno(const QString& nombreReporte);
 
 // A design file opened directly by its path (an installation's own invoice

@@ -1,4 +1,5 @@
-// Test main of the issue suites: painting text needs a QGuiApplication.
+// Test main of the suites that paint (informe, issue): painting text needs a
+// QGuiApplication.
 #include <QGuiApplication>
 #include <gtest/gtest.h>
 

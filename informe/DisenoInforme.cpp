@@ -1,6 +1,6 @@
 #include "DisenoInforme.h"
 
-#include "Ficheros.h"
+#include "CarpetaDatos.h"
 
 #include <ErrorBd.h>
 #include <QDir>
@@ -11,16 +11,12 @@
 #include <QStandardPaths>
 #include <QStringList>
 
-// The built-in designs are compiled into the static library; its resources
-// must be registered by hand before the first read.
-static void registraRecursosDisenos() {
-    Q_INIT_RESOURCE(disenos);
-}
-
 namespace vk::informe {
 
 namespace {
 
+// The built-in designs: each subsystem that owns designs compiles them in
+// under this prefix (issue's invoices), registered as the program starts.
 const QString kRecursos = QStringLiteral(":/disenos");
 
 // The file of that report in the folder, matched without regard to case
@@ -56,8 +52,6 @@ QJsonObject leeFichero(const QString& ruta) {
 
 // Levels where a design is looked for, most specific first.
 QStringList carpetas() {
-    static const bool registrados = (registraRecursosDisenos(), true);
-    (void)registrados;
     return {CarpetaDisenos(), kRecursos};
 }
 

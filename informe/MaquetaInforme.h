@@ -1,0 +1,92 @@
+// The layout of a report: its rows, groups and sections evaluated and broken
+// into pages of positioned items (texts, fills, frames, boxes, lines and
+// pictures), with nothing painted yet. A sink draws the items: the paged
+// QPainter of PintaPaginas.h for the viewer, the printer and PDF. Measuring a
+// text needs the font metrics of the target's resolution, so the layout is
+// made for a device; the same report and device always give the same items.
+#pragma once
+
+#include "Reporte.h"
+
+#include <QFont>
+#include <QImage>
+#include <QRectF>
+#include <vector>
+
+class QPaintDevice;
+
+namespace vk::informe {
+
+// Where each section instance went: for tests and the preview's page count.
+struct SeccionColocada {
+    QString seccion;
+    int fila = -1;  // row of the saved data it was printed with
+    int pagina = 0; // 0-based
+    int top = 0;    // twips from the paper's top edge
+    int alto = 0;
+};
+
+// One thing to draw. Rects are twips from the paper's top left corner; a sink
+// scales them to its device as a whole, so that every sink places an item
+// the same way.
+struct ElementoInforme {
+    enum class Clase {
+        Fondo,   // the background of a section: a fill that belongs to no object
+        Relleno, // the background of a text object
+        Marco,   // the frame of a text object: an outline
+        Caja,    // a box object: outline and/or fill, corners maybe rounded
+        Linea,   // from the rect's top left, by its width and height
+        Imagen,  // a picture fitted into the rect, keeping its proportions
+        Texto,
+    };
+    Clase clase = Clase::Texto;
+    QRectF rect;
+    QString objeto; // name of the design's object (empty for a Fondo)
+    QString origen; // the column, formula or expression it shows
+    // Colours are 0xRRGGBB or kSinColor.
+    int color = 0x000000; // the text, the line, the outline
+    int relleno = kSinColor;
+    int grosor = 10;  // twips of a line or outline; a device pixel at least
+    int redondeo = 0; // twips of a box's corner radius
+    // Texto: the text as it shows (already cut with an ellipsis when it may
+    // not grow), its font, Qt's alignment and wrapping flags, and the inner
+    // margin of the rect at each side.
+    QString texto;
+    Fuente fuente;
+    int banderas = 0;
+    double margen = 0;
+    bool numero = false; // the value was a figure (for sinks that type cells)
+    QImage imagen;       // Imagen: the picture as read, not yet scaled
+};
+
+struct PaginaInforme {
+    std::vector<ElementoInforme> elementos; // in painting order
+};
+
+struct InformeMaquetado {
+    QString nombre;                    // the report's name, for messages
+    int anchoPapel = 0, altoPapel = 0; // twips
+    std::vector<PaginaInforme> paginas;
+    std::vector<SeccionColocada> colocadas; // in page order
+};
+
+// Reads the records when needed and lays the report out for a device of
+// that resolution (its logical dpi and fonts). Throws ErrorBd on a formula
+// error or a column, link or special field that is not there.
+InformeMaquetado MaquetaInforme(Reporte& reporte, const QPaintDevice& medidas);
+
+// The QFont of a design's font, as measured and painted.
+QFont FuenteQt(const Fuente& f);
+
+// A rect in twips on a device of `k` device units per twip. Layout and sinks
+// scale through this one function, so that they agree to the last bit.
+QRectF EnDispositivo(const QRectF& twips, double k);
+
+// The box a Texto element's text is laid in on that device: its rect less
+// the inner margin at each side.
+QRectF CajaTexto(const ElementoInforme& e, double k);
+
+// Device units per twip of a device.
+double UnidadesPorTwip(const QPaintDevice& dispositivo);
+
+} // namespace vk::informe

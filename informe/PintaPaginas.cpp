@@ -1,0 +1,112 @@
+#include "PintaPaginas.h"
+
+#include <ErrorBd.h>
+#include <QPagedPaintDevice>
+#include <QPainter>
+
+namespace vk::informe {
+
+namespace {
+
+QColor qcolor(int c) {
+    return QColor((c >> 16) & 0xff, (c >> 8) & 0xff, c & 0xff);
+}
+
+class Pintor {
+public:
+    Pintor(QPainter& p, const QPaintDevice& dev, std::vector<Pintado>& pintados)
+        : p_(p), k_(UnidadesPorTwip(dev)), pintados_(pintados) {}
+
+    void pinta(const ElementoInforme& e, int pagina);
+
+private:
+    QPen pluma(const ElementoInforme& e) const {
+        return QPen(qcolor(e.color), std::max(1.0, e.grosor * k_));
+    }
+    void anota(Pintado::Clase clase, const ElementoInforme& e, const QString& t,
+               const QRectF& dispositivo, int pagina) {
+        pintados_.push_back({clase, e.objeto, e.origen, t, pagina,
+                             QRectF(dispositivo.left() / k_, dispositivo.top() / k_,
+                                    dispositivo.width() / k_, dispositivo.height() / k_)});
+    }
+
+    QPainter& p_;
+    double k_;
+    std::vector<Pintado>& pintados_;
+};
+
+void Pintor::pinta(const ElementoInforme& e, int pagina) {
+    const QRectF r = EnDispositivo(e.rect, k_);
+    switch (e.clase) {
+    case ElementoInforme::Clase::Fondo:
+        p_.fillRect(r, qcolor(e.relleno));
+        return;
+    case ElementoInforme::Clase::Relleno:
+        p_.fillRect(r, qcolor(e.relleno));
+        anota(Pintado::Clase::Relleno, e, {}, r, pagina);
+        return;
+    case ElementoInforme::Clase::Marco:
+        p_.setPen(pluma(e));
+        p_.setBrush(Qt::NoBrush);
+        p_.drawRect(r);
+        return;
+    case ElementoInforme::Clase::Caja:
+        p_.setPen(e.color == kSinColor ? QPen(Qt::NoPen) : pluma(e));
+        p_.setBrush(e.relleno == kSinColor ? QBrush(Qt::NoBrush) : QBrush(qcolor(e.relleno)));
+        if (e.redondeo > 0) {
+            p_.drawRoundedRect(r, e.redondeo * k_, e.redondeo * k_);
+        } else {
+            p_.drawRect(r);
+        }
+        if (e.relleno != kSinColor) {
+            anota(Pintado::Clase::Relleno, e, {}, r, pagina);
+        }
+        return;
+    case ElementoInforme::Clase::Linea:
+        p_.setPen(pluma(e));
+        p_.drawLine(r.topLeft(),
+                    QPointF(r.left() + e.rect.width() * k_, r.top() + e.rect.height() * k_));
+        return;
+    case ElementoInforme::Clase::Imagen: {
+        const QImage escalada =
+            e.imagen.scaled(r.size().toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        p_.drawImage(QPointF(r.left(), r.top()), escalada);
+        anota(Pintado::Clase::Imagen, e, {}, QRectF(r.topLeft(), escalada.size()), pagina);
+        return;
+    }
+    case ElementoInforme::Clase::Texto: {
+        p_.setFont(FuenteQt(e.fuente));
+        p_.setPen(qcolor(e.color));
+        QRectF ocupado;
+        p_.drawText(CajaTexto(e, k_), e.banderas, e.texto, &ocupado);
+        anota(Pintado::Clase::Texto, e, e.texto, ocupado, pagina);
+        return;
+    }
+    }
+}
+
+} // namespace
+
+std::vector<Pintado> PintaInforme(const InformeMaquetado& informe, QPagedPaintDevice& dispositivo) {
+    QPainter p;
+    if (!p.begin(&dispositivo)) {
+        throw ErrorBd(
+            QStringLiteral("No se puede dibujar el informe %1 en el destino.").arg(informe.nombre));
+    }
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setRenderHint(QPainter::TextAntialiasing);
+    std::vector<Pintado> pintados;
+    Pintor pintor(p, dispositivo, pintados);
+    for (size_t i = 0; i < informe.paginas.size(); ++i) {
+        if (i > 0) {
+            dispositivo.newPage();
+        }
+        for (const ElementoInforme& e : informe.paginas[i].elementos) {
+            pintor.pinta(e, static_cast<int>(i));
+        }
+    }
+    p.end();
+    return pintados;
+}
+
+} // namespace vk::informe
