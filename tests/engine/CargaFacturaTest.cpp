@@ -7,7 +7,7 @@
 #include <CargaFactura.h>
 #include <ColumnasFav.h>
 #include <Redondeo.h>
-#include <RegistroSuite.h>
+#include <TesoreriaIncorporada.h>
 #include <map>
 #include <string>
 
@@ -48,7 +48,7 @@ QStringList fila(Conexion& cn, qint32 id) {
 class Carga : public PruebaMotores {
 protected:
     void SetUp() override {
-        suite::RegistraComponentesSuite();
+        suite::RegistraTesoreria();
         e = std::make_unique<EmpresaPrueba>(GetParam());
     }
 

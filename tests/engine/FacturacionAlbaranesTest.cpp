@@ -5,7 +5,7 @@
 #include <BloqueoSerie.h>
 #include <FacturacionAlbaranes.h>
 #include <MensajesMotor.h>
-#include <RegistroSuite.h>
+#include <TesoreriaIncorporada.h>
 #include <frmIniFav.h>
 
 namespace vk::prueba {
@@ -16,7 +16,7 @@ const QDate kDia(2026, 3, 20);
 class Facturacion : public PruebaMotores {
 protected:
     void SetUp() override {
-        suite::RegistraComponentesSuite();
+        suite::RegistraTesoreria();
         e = std::make_unique<EmpresaPrueba>(GetParam());
     }
     CabeceraFactura cabecera(qint32 cliente, const QDate& fecha = kDia) {

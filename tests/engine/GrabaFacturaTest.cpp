@@ -7,7 +7,7 @@
 #include <MensajesCore.h>
 #include <MensajesMotor.h>
 #include <Recibos.h>
-#include <RegistroSuite.h>
+#include <TesoreriaIncorporada.h>
 
 namespace vk::prueba {
 namespace {
@@ -17,7 +17,7 @@ const QDate kHoy(2026, 3, 10);
 class Graba : public PruebaMotores {
 protected:
     void SetUp() override {
-        suite::RegistraComponentesSuite();
+        suite::RegistraTesoreria();
         e = std::make_unique<EmpresaPrueba>(GetParam());
         fco = e->formaPago(QStringLiteral("30-60 días"), {{30, 50, 3}, {60, 50, 3}});
     }
