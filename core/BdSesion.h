@@ -25,7 +25,8 @@ class BdSesion {
 public:
     // Opens the company named by the connection string. Throws ErrorBd with a
     // Spanish message when the string is bad, the server cannot be reached or
-    // the company does not exist.
+    // the company does not exist; ErrorDispositivo when the data folder cannot
+    // be created.
     static std::unique_ptr<BdSesion> Abre(const QString& cadena,
                                           ModoApertura modo = ModoApertura::Existente);
     static std::unique_ptr<BdSesion> Abre(const CadenaConexion& cadena,
