@@ -1,5 +1,7 @@
 #include "RetencionNF.h"
 
+#include "MensajesMotor.h"
+
 #include <ErrorBd.h>
 #include <VKFACVENTAS.h>
 
@@ -29,7 +31,7 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
         QStringLiteral("SELECT fav_idcli, Fav_Fecha, Fav_Iretnf FROM Fav WHERE Fav_Id = ?"),
         {f.IdFactu});
     if (fav.Eof()) {
-        throw ErrorBd(QStringLiteral("No existe la factura %1.").arg(f.IdFactu), ErrorBd::kBuilder);
+        throw ErrorRegla(mensajes::kFacturaNoExiste.arg(f.IdFactu), Error::kBuilder);
     }
     bd.Limpia(0);
     bd.Tabla(QStringLiteral("RetNF"));
@@ -57,9 +59,7 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
         if (bd.ErrorConstructor() && bd.ErrorConstructor()->AfectaATodo()) {
             throw *bd.ErrorConstructor();
         }
-        throw ErrorBd(
-            QStringLiteral("No se pudo grabar la retención de la factura: %1").arg(mensaje),
-            ErrorBd::kBuilder);
+        throw ErrorBd(mensajes::kRetencionNoGrabada.arg(mensaje), ErrorBd::kBuilder);
     }
     t.Confirma();
 }
