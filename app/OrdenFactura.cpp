@@ -9,6 +9,7 @@
 #include <ErrorBd.h>
 #include <FacturacionAlbaranes.h>
 #include <Formato.h>
+#include <MensajesMotor.h>
 #include <RegistroFactura.h>
 #include <RegistroSuite.h>
 #include <ReglasFecha.h>
@@ -31,7 +32,9 @@ QString tipo(double porcentaje) {
 // The invoice as it was stored, read back through the record's map.
 void imprimeFactura(qint32 idFactura, BdSesion& bd, QTextStream& out) {
     RegistroFactura f;
-    fnCargaFactura(bd.cn(), f, idFactura);
+    if (!fnCargaFactura(bd.cn(), f, idFactura)) {
+        throw ErrorRegla(mensajes::kFacturaNoExiste.arg(idFactura));
+    }
     const qint64 recibos = bd.cn()
                                .Execute(QStringLiteral("SELECT COUNT(*) FROM Rec WHERE Rec_Tipo = "
                                                        "1 AND Rec_IdFac = ?"),

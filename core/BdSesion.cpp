@@ -324,6 +324,13 @@ bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
     }
 }
 
+void BdSesion::LanzaErrorConstructor(const QString& mensaje) const {
+    if (errorConstructor_ && errorConstructor_->AfectaATodo()) {
+        throw *errorConstructor_;
+    }
+    throw ErrorBd(mensaje, ErrorBd::kBuilder);
+}
+
 bool BdSesion::rechaza(QString& sMensaje, const QString& texto) {
     sMensaje = texto;
     Limpia();

@@ -65,5 +65,7 @@ inline const QString kOtraFormaCobro = QStringLiteral("forma de cobro");
 inline const QString kOtraParejaDescuentos = QStringLiteral("pareja de descuentos");
 inline const QString kOtroAgente = QStringLiteral("agente");
 
+inline const QString kAgenteRecibosNoGrabado =
+    QStringLiteral("No se pudo grabar el agente en los recibos de la factura: %1");
 
 } // namespace vk::mensajes

@@ -22,7 +22,9 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
         bd.Limpia(0);
         bd.Tabla(QStringLiteral("RetNF"));
         bd.Where(condicion, {f.IdFactu});
-        bd.Borra(mensaje);
+        if (!bd.Borra(mensaje)) {
+            bd.LanzaErrorConstructor(mensajes::kRetencionNoGrabada.arg(mensaje));
+        }
     }
     if (f.porcentajeretencionnf == 0) {
         return;
@@ -56,10 +58,7 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
     Transaccion t(cn);
     if (!bd.Inserta(mensaje)) {
         t.Deshaz();
-        if (bd.ErrorConstructor() && bd.ErrorConstructor()->AfectaATodo()) {
-            throw *bd.ErrorConstructor();
-        }
-        throw ErrorBd(mensajes::kRetencionNoGrabada.arg(mensaje), ErrorBd::kBuilder);
+        bd.LanzaErrorConstructor(mensajes::kRetencionNoGrabada.arg(mensaje));
     }
     t.Confirma();
 }
