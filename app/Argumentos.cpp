@@ -1,5 +1,7 @@
 #include "Argumentos.h"
 
+#include "MensajesApp.h"
+
 #include <BdSesion.h>
 #include <ErrorBd.h>
 #include <QCommandLineParser>
@@ -140,8 +142,7 @@ void Argumentos::analiza(const QStringList& entrada) {
         const bool conIgual = a.contains(QLatin1Char('='));
         if (d->nombreValor.isEmpty()) {
             if (conIgual) {
-                throw ErrorUso(
-                    QStringLiteral("La opción %1 no lleva valor.").arg(conGuiones(d->nombre)));
+                throw ErrorUso(mensajes::kOpcionSinValor.arg(conGuiones(d->nombre)));
             }
             continue;
         }
@@ -153,8 +154,7 @@ void Argumentos::analiza(const QStringList& entrada) {
         if (i + 1 >= args.size() ||
             (!nombreSiguiente.isEmpty() &&
              (busca(nombreSiguiente) || kNombresAyuda.contains(nombreSiguiente)))) {
-            throw ErrorUso(
-                QStringLiteral("Falta el valor de la opción %1.").arg(conGuiones(d->nombre)));
+            throw ErrorUso(mensajes::kFaltaValorOpcion.arg(conGuiones(d->nombre)));
         }
         ++i;
     }
@@ -169,15 +169,13 @@ void Argumentos::analiza(const QStringList& entrada) {
                 break;
             }
         }
-        throw ErrorUso(QStringLiteral("Opción desconocida: %1").arg(escrita));
+        throw ErrorUso(mensajes::kOpcionDesconocida.arg(escrita));
     }
     if (!correcto) {
-        throw ErrorUso(QStringLiteral("Los argumentos no son válidos."));
+        throw ErrorUso(mensajes::kArgumentosNoValidos);
     }
     if (!p.positionalArguments().isEmpty()) {
-        throw ErrorUso(QStringLiteral("Argumento inesperado: «%1». Las opciones se escriben "
-                                      "--opcion valor o --opcion=valor.")
-                           .arg(p.positionalArguments().first()));
+        throw ErrorUso(mensajes::kArgumentoInesperado.arg(p.positionalArguments().first()));
     }
 
     presentes_.clear();
@@ -192,7 +190,7 @@ void Argumentos::analiza(const QStringList& entrada) {
         }
         const QStringList v = p.values(d.nombre);
         if (v.size() > 1) {
-            throw ErrorUso(QStringLiteral("La opción %1 está repetida.").arg(conGuiones(d.nombre)));
+            throw ErrorUso(mensajes::kOpcionRepetida.arg(conGuiones(d.nombre)));
         }
         valores_.append({d.nombre, v.value(0)});
     }
@@ -218,7 +216,7 @@ std::optional<QString> Argumentos::valor(const QString& nombre) const {
 QString Argumentos::baseDatos() const {
     if (const auto db = valor(QStringLiteral("db"))) {
         if (db->trimmed().isEmpty()) {
-            throw ErrorUso(QStringLiteral("La opción --db no puede estar en blanco."));
+            throw ErrorUso(mensajes::kDbEnBlanco);
         }
         return *db;
     }
@@ -255,8 +253,7 @@ std::optional<QString> Argumentos::eleccion(const QString& nombre,
                 ? admitidos.join(QString())
                 : admitidos.mid(0, admitidos.size() - 1).join(QStringLiteral(", ")) +
                       QStringLiteral(" o ") + admitidos.last();
-        throw ErrorUso(QStringLiteral("Valor no admitido en %1: «%2». Use %3.")
-                           .arg(conGuiones(nombre), *v, lista));
+        throw ErrorUso(mensajes::kValorNoAdmitido.arg(conGuiones(nombre), *v, lista));
     }
     return v;
 }
@@ -311,14 +308,13 @@ QDate LeeFechaOpcion(const QString& opcion, const QString& texto) {
     try {
         fecha = fnLeeFecha(texto);
     } catch (const Error&) {
-        throw ErrorUso(QStringLiteral("%1: «%2» no es una fecha válida; escríbala DD/MM/AAAA.")
-                           .arg(opcion, texto));
+        throw ErrorUso(mensajes::kFechaOpcionNoValida.arg(opcion, texto));
     }
     if (!fnFechaFacturaAdmisible(fecha)) {
-        throw ErrorUso(QStringLiteral("%1: la fecha %2 está fuera de las admitidas (de %3 a %4).")
-                           .arg(opcion, fecha.toString(QStringLiteral("dd/MM/yyyy")),
-                                kPrimeraFechaFactura.toString(QStringLiteral("dd/MM/yyyy")),
-                                kUltimaFechaFactura.toString(QStringLiteral("dd/MM/yyyy"))));
+        throw ErrorUso(mensajes::kFechaOpcionFueraDeRango.arg(
+            opcion, fecha.toString(QStringLiteral("dd/MM/yyyy")),
+            kPrimeraFechaFactura.toString(QStringLiteral("dd/MM/yyyy")),
+            kUltimaFechaFactura.toString(QStringLiteral("dd/MM/yyyy"))));
     }
     return fecha;
 }
@@ -330,17 +326,14 @@ qint32 LeeEnteroOpcion(const QString& opcion, const QString& texto, qint32 minim
     const bool soloCifras =
         t.size() > inicio && std::all_of(t.begin() + inicio, t.end(), esDigitoAscii);
     if (!soloCifras) {
-        throw ErrorUso(QStringLiteral("%1 debe ser un número entero: «%2».").arg(opcion, texto));
+        throw ErrorUso(mensajes::kOpcionNoEntera.arg(opcion, texto));
     }
     // Too many digits for any range is out of range, never a wrapped value.
     bool ok = false;
     const qint64 n = t.toLongLong(&ok);
     if (!ok || n < minimo || n > maximo) {
-        throw ErrorUso(QStringLiteral("%1 debe estar entre %2 y %3: «%4».")
-                           .arg(opcion)
-                           .arg(minimo)
-                           .arg(maximo)
-                           .arg(texto));
+        throw ErrorUso(
+            mensajes::kOpcionFueraDeRango.arg(opcion).arg(minimo).arg(maximo).arg(texto));
     }
     return static_cast<qint32>(n);
 }
@@ -350,13 +343,11 @@ QList<qint32> LeeListaEnterosOpcion(const QString& opcion, const QString& texto,
     QList<qint32> lista;
     for (const QString& parte : texto.split(QLatin1Char(','))) {
         if (parte.trimmed().isEmpty()) {
-            throw ErrorUso(
-                QStringLiteral("%1: falta un número en la lista «%2».").arg(opcion, texto));
+            throw ErrorUso(mensajes::kListaSinNumero.arg(opcion, texto));
         }
         const qint32 n = LeeEnteroOpcion(opcion, parte, minimo, maximo);
         if (lista.contains(n)) {
-            throw ErrorUso(
-                QStringLiteral("%1: el %2 está repetido en la lista.").arg(opcion).arg(n));
+            throw ErrorUso(mensajes::kListaRepetido.arg(opcion).arg(n));
         }
         lista << n;
     }
@@ -366,17 +357,13 @@ QList<qint32> LeeListaEnterosOpcion(const QString& opcion, const QString& texto,
 QString LeeSerieOpcion(const QString& opcion, const QString& texto) {
     const QString serie = texto.trimmed();
     if (serie.isEmpty()) {
-        throw ErrorUso(QStringLiteral("%1 no puede estar en blanco.").arg(opcion));
+        throw ErrorUso(mensajes::kOpcionEnBlanco.arg(opcion));
     }
     if (serie.size() > kLargoSerie) {
-        throw ErrorUso(QStringLiteral("%1 admite como mucho %2 caracteres: «%3».")
-                           .arg(opcion)
-                           .arg(kLargoSerie)
-                           .arg(serie));
+        throw ErrorUso(mensajes::kSerieLarga.arg(opcion).arg(kLargoSerie).arg(serie));
     }
     if (!std::all_of(serie.begin(), serie.end(), esCaracterSerie)) {
-        throw ErrorUso(
-            QStringLiteral("%1 solo admite letras, cifras y guiones: «%2».").arg(opcion, serie));
+        throw ErrorUso(mensajes::kSerieNoValida.arg(opcion, serie));
     }
     return serie;
 }
@@ -399,7 +386,7 @@ void CompruebaUsuario(BdSesion& bd, qint32 idUsuario) {
             .Fields(0)
             .Entero();
     if (n == 0) {
-        throw ErrorUso(QStringLiteral("No existe el usuario %1.").arg(idUsuario));
+        throw ErrorUso(mensajes::kUsuarioNoExiste.arg(idUsuario));
     }
 }
 
@@ -407,7 +394,7 @@ qint32 CompruebaCliente(BdSesion& bd, qint32 codigo) {
     Recordset rs = bd.cn().Execute(
         QStringLiteral("SELECT Cli_Id FROM Cli WHERE Cli_Cod = ? ORDER BY Cli_Id"), {codigo});
     if (rs.Eof()) {
-        throw ErrorUso(QStringLiteral("No existe el cliente con código %1.").arg(codigo));
+        throw ErrorUso(mensajes::kCodigoClienteNoExiste.arg(codigo));
     }
     return static_cast<qint32>(rs.Fields(0).Entero());
 }

@@ -1,5 +1,7 @@
 #include "InteraccionConsola.h"
 
+#include "MensajesApp.h"
+
 #include <EmisionInforme.h>
 #include <ErrorBd.h>
 #include <Ficheros.h>
@@ -49,8 +51,7 @@ bool InteraccionConsola::muestraVisor(frmVisor& visor) {
         QDir(fnCarpetaFdoc(idUsuario)).filePath(QStringLiteral("vista-XXXXXX.pdf")));
     fichero.setAutoRemove(false);
     if (!fichero.open()) {
-        throw ErrorBd(QStringLiteral("No se puede crear el fichero de la vista en %1.")
-                          .arg(fnCarpetaFdoc(idUsuario)));
+        throw ErrorDispositivo(mensajes::kVistaNoCreada.arg(fnCarpetaFdoc(idUsuario)));
     }
     const QString ruta = fichero.fileName();
     fichero.close();
@@ -58,10 +59,7 @@ bool InteraccionConsola::muestraVisor(frmVisor& visor) {
     try {
         return fnAbreFichero(ruta);
     } catch (const Error& e) {
-        throw ErrorBd(QStringLiteral("No se puede abrir el visor de PDF del escritorio; la vista "
-                                     "está en %1.")
-                          .arg(ruta),
-                      e.Mensaje(), ClaseError::General);
+        throw ErrorDispositivo(mensajes::kVisorNoDisponible.arg(ruta), e.Mensaje());
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "Argumentos.h"
 #include "InteraccionConsola.h"
+#include "MensajesApp.h"
 
 #include <BdSesion.h>
 #include <ErrorBd.h>
@@ -29,12 +30,12 @@ constexpr qint32 kMaximoNumero = std::numeric_limits<qint32>::max();
 int emitePdf(VKFACVENTAS& f, Recordset& rs, const QString& carpeta, qint16 nDiseno, qint16 nOrigen,
              QTextStream& out, QTextStream& err) {
     if (!QDir().mkpath(carpeta)) {
-        throw ErrorBd(QStringLiteral("No se puede crear la carpeta %1.").arg(carpeta));
+        throw ErrorDispositivo(mensajes::kCarpetaNoCreada.arg(carpeta));
     }
     const QDir destino(QDir(carpeta).absolutePath());
     QTemporaryDir temporal(destino.filePath(QStringLiteral(".vkfactuven-XXXXXX")));
     if (!temporal.isValid()) {
-        throw ErrorBd(QStringLiteral("No se puede escribir en la carpeta %1.").arg(destino.path()));
+        throw ErrorDispositivo(mensajes::kCarpetaNoEscribible.arg(destino.path()));
     }
     f.RutaFicheroPdf = temporal.path();
     int escritos = 0;
@@ -60,8 +61,8 @@ int emitePdf(VKFACVENTAS& f, Recordset& rs, const QString& carpeta, qint16 nDise
         // step, and never follows a link placed there.
         if (std::rename(QFile::encodeName(f.PdfOutFile).constData(),
                         QFile::encodeName(fichero).constData()) != 0) {
-            throw ErrorBd(QStringLiteral("No se puede escribir el fichero %1: %2.")
-                              .arg(fichero, QString::fromLocal8Bit(std::strerror(errno))));
+            throw ErrorDispositivo(mensajes::kFicheroNoEscrito.arg(
+                fichero, QString::fromLocal8Bit(std::strerror(errno))));
         }
         out << fichero << Qt::endl;
         ++escritos;
@@ -101,30 +102,24 @@ int OrdenEmitir(const QStringList& args, QTextStream& out, QTextStream& err) {
                     QStringLiteral("usuario de la sesión (por omisión, el de la conexión)"));
     a.analiza(args);
 
-    const QString serie = LeeSerieOpcion(
-        QStringLiteral("--serie"),
-        a.requerido(QStringLiteral("serie"),
-                    QStringLiteral("Indique la serie y el primer número: --serie S --desde N.")));
+    const QString serie =
+        LeeSerieOpcion(QStringLiteral("--serie"),
+                       a.requerido(QStringLiteral("serie"), mensajes::kIndiqueSerieYDesde));
     const qint32 desde = LeeEnteroOpcion(
         QStringLiteral("--desde"),
-        a.requerido(QStringLiteral("desde"),
-                    QStringLiteral("Indique la serie y el primer número: --serie S --desde N.")),
-        1, kMaximoNumero);
+        a.requerido(QStringLiteral("desde"), mensajes::kIndiqueSerieYDesde), 1, kMaximoNumero);
     const qint32 hasta = a.entero(QStringLiteral("hasta"), 1, kMaximoNumero).value_or(desde);
     if (hasta < desde) {
-        throw ErrorUso(QStringLiteral("--hasta (%1) no puede ser menor que --desde (%2).")
-                           .arg(hasta)
-                           .arg(desde));
+        throw ErrorUso(mensajes::kHastaMenorQueDesde.arg(hasta).arg(desde));
     }
     const std::optional<QString> carpeta = a.valor(QStringLiteral("pdf"));
     if (carpeta && carpeta->trimmed().isEmpty()) {
-        throw ErrorUso(QStringLiteral("Indique la carpeta de los PDF: --pdf CARPETA."));
+        throw ErrorUso(mensajes::kIndiqueCarpetaPdf);
     }
     const bool impresora = a.bandera(QStringLiteral("impresora"));
     const bool pantalla = a.bandera(QStringLiteral("pantalla"));
     if (int(carpeta.has_value()) + int(impresora) + int(pantalla) != 1) {
-        throw ErrorUso(QStringLiteral("Indique una salida: --pdf CARPETA, --impresora [COLA] o "
-                                      "--pantalla."));
+        throw ErrorUso(mensajes::kIndiqueSalida);
     }
     // A design given chooses the report itself, as a caller of origin 1 does.
     const std::optional<qint32> diseno = a.entero(QStringLiteral("diseno"), 0, 19);
@@ -160,10 +155,7 @@ int OrdenEmitir(const QStringList& args, QTextStream& out, QTextStream& err) {
                        "Fav_Numero BETWEEN ? AND ? ORDER BY Fav_Numero"),
         {serie, desde, hasta});
     if (rs.Eof()) {
-        throw ErrorBd(QStringLiteral("No hay facturas de la serie %1 entre los números %2 y %3.")
-                          .arg(serie)
-                          .arg(desde)
-                          .arg(hasta));
+        throw ErrorRegla(mensajes::kSinFacturasEnRango.arg(serie).arg(desde).arg(hasta));
     }
     if (carpeta) {
         return emitePdf(f, rs, *carpeta, nDiseno, nOrigen, out, err);

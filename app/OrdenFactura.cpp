@@ -2,12 +2,14 @@
 
 #include "Argumentos.h"
 #include "InteraccionConsola.h"
+#include "MensajesApp.h"
 
 #include <BdSesion.h>
 #include <CargaFactura.h>
 #include <ErrorBd.h>
 #include <FacturacionAlbaranes.h>
 #include <Formato.h>
+#include <MensajesMotor.h>
 #include <RegistroFactura.h>
 #include <RegistroSuite.h>
 #include <ReglasFecha.h>
@@ -30,7 +32,9 @@ QString tipo(double porcentaje) {
 // The invoice as it was stored, read back through the record's map.
 void imprimeFactura(qint32 idFactura, BdSesion& bd, QTextStream& out) {
     RegistroFactura f;
-    fnCargaFactura(bd.cn(), f, idFactura);
+    if (!fnCargaFactura(bd.cn(), f, idFactura)) {
+        throw ErrorRegla(mensajes::kFacturaNoExiste.arg(idFactura));
+    }
     const qint64 recibos = bd.cn()
                                .Execute(QStringLiteral("SELECT COUNT(*) FROM Rec WHERE Rec_Tipo = "
                                                        "1 AND Rec_IdFac = ?"),
@@ -101,18 +105,14 @@ int OrdenFactura(const QStringList& args, QTextStream& out, QTextStream& err) {
     a.analiza(args);
 
     const QString serie = LeeSerieOpcion(
-        QStringLiteral("--serie"),
-        a.requerido(QStringLiteral("serie"), QStringLiteral("Indique la serie con --serie.")));
-    const QDate fecha = LeeFechaOpcion(
-        QStringLiteral("--fecha"),
-        a.requerido(QStringLiteral("fecha"),
-                    QStringLiteral("Indique la fecha de la factura con --fecha DD/MM/AAAA.")));
+        QStringLiteral("--serie"), a.requerido(QStringLiteral("serie"), mensajes::kIndiqueSerie));
+    const QDate fecha =
+        LeeFechaOpcion(QStringLiteral("--fecha"),
+                       a.requerido(QStringLiteral("fecha"), mensajes::kIndiqueFechaFactura));
     std::vector<qint32> albaranes;
     for (const qint32 id : LeeListaEnterosOpcion(
              QStringLiteral("--albaranes"),
-             a.requerido(QStringLiteral("albaranes"),
-                         QStringLiteral("Indique los albaranes con --albaranes ID[,ID...].")),
-             1, kMaximo)) {
+             a.requerido(QStringLiteral("albaranes"), mensajes::kIndiqueAlbaranes), 1, kMaximo)) {
         albaranes.push_back(id);
     }
     const qint32 numero = a.entero(QStringLiteral("numero"), 1, kMaximo).value_or(0);
@@ -144,20 +144,16 @@ int OrdenFactura(const QStringList& args, QTextStream& out, QTextStream& err) {
         !bd->cn()
              .Execute(QStringLiteral("SELECT 1 FROM Fav WHERE Fav_Serie = ? LIMIT 1"), {serie})
              .Eof()) {
-        throw ErrorUso(QStringLiteral("La serie %1 ya tiene facturas: su número es el siguiente "
-                                      "al último, sin --numero.")
-                           .arg(serie));
+        throw ErrorUso(mensajes::kSerieConFacturas.arg(serie));
     }
 
     const ResultadoFacturacion r = FacturaAlbaranes(f, grupo.cabecera, grupo.albaranes);
     if (!r.Creada()) {
-        throw ErrorBd(r.motivo.isEmpty() ? QStringLiteral("No se ha hecho la factura.") : r.motivo,
-                      r.detalle, ClaseError::General);
+        throw Error(r.motivo.isEmpty() ? mensajes::kFacturaNoHecha : r.motivo, r.detalle);
     }
     imprimeFactura(r.idFactura, *bd, out);
     if (r.estado == EstadoFacturacion::SinTerminar) {
-        throw ErrorBd(QStringLiteral("Factura %1: %2").arg(r.factura, r.motivo), r.detalle,
-                      ClaseError::General);
+        throw Error(mensajes::kFacturaNoTerminada.arg(r.factura, r.motivo), r.detalle);
     }
     return 0;
 }

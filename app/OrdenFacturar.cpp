@@ -2,6 +2,7 @@
 
 #include "Argumentos.h"
 #include "InteraccionConsola.h"
+#include "MensajesApp.h"
 
 #include <BdSesion.h>
 #include <ErrorBd.h>
@@ -80,7 +81,7 @@ ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream
                           QTextStream& err) {
     const int salida = botonSalida(o.salida);
     if (salida >= 0 && !ExisteComponente(QString::fromLatin1(EmisorFacturas::kProgId))) {
-        throw ErrorBd(mensajes::kSinEmisor);
+        throw Error(mensajes::kSinEmisor);
     }
     InteraccionConsola ui(out, err);
     ui.idUsuario = f.MyBd().IdUsuario();
@@ -167,16 +168,13 @@ int OrdenFacturar(const QStringList& args, QTextStream& out, QTextStream& err) {
     a.analiza(args);
 
     OpcionesFacturar o;
-    o.fecha = LeeFechaOpcion(
-        QStringLiteral("--fecha"),
-        a.requerido(QStringLiteral("fecha"),
-                    QStringLiteral("Indique la fecha de las facturas con --fecha DD/MM/AAAA.")));
+    o.fecha = LeeFechaOpcion(QStringLiteral("--fecha"),
+                             a.requerido(QStringLiteral("fecha"), mensajes::kIndiqueFechaFacturas));
     o.serie = a.serie(QStringLiteral("serie")).value_or(QString());
     o.desde = a.fecha(QStringLiteral("desde"));
     o.hasta = a.fecha(QStringLiteral("hasta"));
     if (o.desde && o.hasta && *o.desde > *o.hasta) {
-        throw ErrorUso(QStringLiteral("--desde (%1) no puede ser posterior a --hasta (%2).")
-                           .arg(ddmmyyyy(*o.desde), ddmmyyyy(*o.hasta)));
+        throw ErrorUso(mensajes::kDesdePosteriorAHasta.arg(ddmmyyyy(*o.desde), ddmmyyyy(*o.hasta)));
     }
     constexpr qint32 kMaximo = std::numeric_limits<qint32>::max();
     o.cliente = a.entero(QStringLiteral("cliente"), 1, kMaximo);

@@ -1,6 +1,7 @@
 #include "OrdenInit.h"
 
 #include "Argumentos.h"
+#include "MensajesApp.h"
 #include "OrdenFacturar.h"
 
 #include <BdSesion.h>
@@ -67,7 +68,7 @@ QString escribePdfs(VKFACVENTAS& f, const QString& db) {
                            ? QDir(cadena.directorio).filePath(QStringLiteral("pdf"))
                            : QDir::current().filePath(QStringLiteral("pdf")));
     if (!carpeta.mkpath(QStringLiteral("."))) {
-        throw ErrorBd(QStringLiteral("No se puede crear la carpeta %1.").arg(carpeta.path()));
+        throw ErrorDispositivo(mensajes::kCarpetaNoCreada.arg(carpeta.path()));
     }
     InteraccionGuion ui;
     const UsaInteraccion puerto(ui);
@@ -81,7 +82,7 @@ QString escribePdfs(VKFACVENTAS& f, const QString& db) {
         }
     }
     if (!ui.Textos().isEmpty()) {
-        throw ErrorBd(ui.Textos().join(QLatin1Char('\n')));
+        throw ErrorDispositivo(ui.Textos().join(QLatin1Char('\n')));
     }
     return QStringLiteral("%1 ficheros en %2").arg(escritos).arg(carpeta.path());
 }

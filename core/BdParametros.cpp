@@ -1,6 +1,7 @@
 #include "BdParametros.h"
 
 #include "ErrorBd.h"
+#include "MensajesCore.h"
 
 namespace vk {
 
@@ -37,8 +38,7 @@ void BdParametros::Carga(const Recordset& rs) {
 BdParametro& BdParametros::Item(const QString& nombre) {
     const int i = buscar(nombre);
     if (i < 0) {
-        throw ErrorBd(QStringLiteral("No existe el parámetro «%1» en la tabla Parametros.")
-                          .arg(nombre.trimmed()));
+        throw ErrorBd(mensajes::kParametroNoExiste.arg(nombre.trimmed()));
     }
     return items_[i];
 }

@@ -2,6 +2,7 @@
 
 #include "ErrorBd.h"
 #include "Esquema.h"
+#include "MensajesCore.h"
 #include "Redondeo.h"
 
 #include <QAtomicInteger>
@@ -82,9 +83,8 @@ std::unique_ptr<BdSesion> BdSesion::Abre(const CadenaConexion& c, ModoApertura m
                                  .Eof();
         if (!existe) {
             if (modo == ModoApertura::Existente) {
-                throw ErrorBd(QStringLiteral("No existe la empresa «%1» en %2. Créela con "
-                                             "«vkfactuven init».")
-                                  .arg(c.catalogo.toUpper(), c.descripcion()));
+                throw ErrorBd(
+                    mensajes::kEmpresaNoExiste.arg(c.catalogo.toUpper(), c.descripcion()));
             }
             s->cn().Execute(QStringLiteral("CREATE SCHEMA IF NOT EXISTS %1").arg(c.catalogo));
         }
@@ -108,17 +108,14 @@ QString BdSesion::abreSqlite(const CadenaConexion& c, ModoApertura modo) {
     const QString fichero = dir.filePath(c.catalogo + QStringLiteral(".sqlite"));
     if (modo == ModoApertura::Existente) {
         if (!QFileInfo::exists(fichero)) {
-            throw ErrorBd(QStringLiteral("No existe la empresa «%1» en %2 (falta el fichero %3). "
-                                         "Créela con «vkfactuven init --db %2».")
-                              .arg(c.catalogo.toUpper(), c.directorio, fichero));
+            throw ErrorBd(
+                mensajes::kEmpresaSinFichero.arg(c.catalogo.toUpper(), c.directorio, fichero));
         }
         if (!QFileInfo::exists(dir.filePath(QStringLiteral("vkcomun.sqlite")))) {
-            throw ErrorBd(
-                QStringLiteral("Falta el catálogo común vkcomun.sqlite en %1.").arg(c.directorio));
+            throw ErrorBd(mensajes::kFaltaCatalogoComun.arg(c.directorio));
         }
     } else if (!dir.mkpath(QStringLiteral("."))) {
-        throw ErrorBd(
-            QStringLiteral("No se puede crear la carpeta de datos %1.").arg(c.directorio));
+        throw ErrorDispositivo(mensajes::kCarpetaDatosNoCreada.arg(c.directorio));
     }
     const QString nombre = nuevoNombreConexion();
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre);
@@ -128,16 +125,14 @@ QString BdSesion::abreSqlite(const CadenaConexion& c, ModoApertura modo) {
         const QString error = errorApertura(db.lastError());
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(nombre);
-        throw ErrorBd(
-            QStringLiteral("No se puede abrir la base de datos %1: %2").arg(fichero, error));
+        throw ErrorBd(mensajes::kBdNoSeAbre.arg(fichero, error));
     }
     return nombre;
 }
 
 QString BdSesion::abrePostgres(const CadenaConexion& c, ModoApertura) {
     if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QPSQL"))) {
-        throw ErrorBd(
-            QStringLiteral("Falta el controlador de PostgreSQL de Qt (libqt6sql6-psql)."));
+        throw ErrorBd(mensajes::kSinControladorPostgres);
     }
     const QString nombre = nuevoNombreConexion();
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), nombre);
@@ -157,8 +152,7 @@ QString BdSesion::abrePostgres(const CadenaConexion& c, ModoApertura) {
         const QString error = errorApertura(db.lastError());
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(nombre);
-        throw ErrorBd(QStringLiteral("No se puede conectar con el servidor PostgreSQL (%1): %2")
-                          .arg(c.descripcion(), error));
+        throw ErrorBd(mensajes::kServidorNoConecta.arg(c.descripcion(), error));
     }
     return nombre;
 }
@@ -168,9 +162,7 @@ qint64 BdSesion::IdEmpresa() const {
         cn_->Execute(QStringLiteral("SELECT Emp_id FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
                      {Catalogo()});
     if (rs.Eof()) {
-        throw ErrorBd(QStringLiteral("La empresa «%1» no figura en la tabla de empresas (Emp) del "
-                                     "catálogo común.")
-                          .arg(Catalogo()));
+        throw ErrorBd(mensajes::kEmpresaFueraDeEmp.arg(Catalogo()));
     }
     return rs.Fields(QStringLiteral("Emp_id")).Entero();
 }
@@ -195,7 +187,7 @@ void BdSesion::RecargaParametros(const QString& sSql) {
 
 bool BdSesion::ConexionActiva(Conexion& cn, QString& sTexto) {
     if (!cn.EstaAbierta()) {
-        sTexto = QStringLiteral("La conexión con la base de datos está cerrada.");
+        sTexto = mensajes::kConexionCerrada;
         return false;
     }
     try {
@@ -247,12 +239,12 @@ void BdSesion::Where(const QString& condicion, const QVariantList& parametros) {
 
 bool BdSesion::valores(QStringList& textos, QVariantList& params, QString& sMensaje) const {
     if (!esIdentificador(tabla_) || campos_.Vacio()) {
-        sMensaje = QStringLiteral("Sentencia incompleta: falta la tabla o las columnas.");
+        sMensaje = mensajes::kSentenciaIncompleta;
         return false;
     }
     for (const BdCampo& c : campos_.campos()) {
         if (!esIdentificador(c.nombre)) {
-            sMensaje = QStringLiteral("Nombre de columna no válido: «%1».").arg(c.nombre);
+            sMensaje = mensajes::kColumnaNoValida.arg(c.nombre);
             return false;
         }
         if (c.tipo == TipoCampo::Expresion) {
@@ -280,8 +272,7 @@ bool BdSesion::valores(QStringList& textos, QVariantList& params, QString& sMens
             bool ok = false;
             const double n = c.valor.toDouble(&ok);
             if (!ok) {
-                sMensaje = QStringLiteral("Valor no numérico para la columna %1: «%2».")
-                               .arg(c.nombre, c.valor.toString());
+                sMensaje = mensajes::kValorNoNumerico.arg(c.nombre, c.valor.toString());
                 return false;
             }
             params << QVariant(static_cast<qint64>(n));
@@ -291,8 +282,7 @@ bool BdSesion::valores(QStringList& textos, QVariantList& params, QString& sMens
             bool ok = false;
             const double n = c.valor.toDouble(&ok);
             if (!ok) {
-                sMensaje = QStringLiteral("Importe no válido para la columna %1: «%2».")
-                               .arg(c.nombre, c.valor.toString());
+                sMensaje = mensajes::kImporteNoValido.arg(c.nombre, c.valor.toString());
                 return false;
             }
             params << QVariant(Redondea(n, c.decimales));
@@ -304,8 +294,7 @@ bool BdSesion::valores(QStringList& textos, QVariantList& params, QString& sMens
         case TipoCampo::Fecha: {
             const std::optional<QDate> f = fechaDe(c.valor);
             if (!f || !f->isValid()) {
-                sMensaje = QStringLiteral("Fecha no válida para la columna %1: «%2».")
-                               .arg(c.nombre, c.valor.toString());
+                sMensaje = mensajes::kFechaColumnaNoValida.arg(c.nombre, c.valor.toString());
                 return false;
             }
             params << dialecto().valorFecha(*f);
@@ -335,6 +324,13 @@ bool BdSesion::ejecutaConstruida(const QString& sql, const QVariantList& params,
     }
 }
 
+void BdSesion::LanzaErrorConstructor(const QString& mensaje) const {
+    if (errorConstructor_ && errorConstructor_->AfectaATodo()) {
+        throw *errorConstructor_;
+    }
+    throw ErrorBd(mensaje, ErrorBd::kBuilder);
+}
+
 bool BdSesion::rechaza(QString& sMensaje, const QString& texto) {
     sMensaje = texto;
     Limpia();
@@ -357,8 +353,7 @@ bool BdSesion::Inserta(QString& sMensaje, qint64* nuevoId) {
     if (nuevoId) {
         const std::optional<QString> clave = esquema::ColumnaClave(tabla_);
         if (!clave) {
-            return rechaza(sMensaje,
-                           QStringLiteral("La tabla %1 no tiene clave autonumérica.").arg(tabla_));
+            return rechaza(sMensaje, mensajes::kSinClaveAutonumerica.arg(tabla_));
         }
         sql += QStringLiteral(" RETURNING ") + *clave;
     }
@@ -383,7 +378,7 @@ bool BdSesion::Update(QString& sMensaje) {
 
 bool BdSesion::Borra(QString& sMensaje) {
     if (!esIdentificador(tabla_)) {
-        return rechaza(sMensaje, QStringLiteral("Borrado incompleto: falta la tabla."));
+        return rechaza(sMensaje, mensajes::kBorradoIncompleto);
     }
     const QString sql = QStringLiteral("DELETE FROM %1 %2").arg(tabla_, where_);
     return ejecutaConstruida(sql.trimmed(), whereParametros_, sMensaje);

@@ -25,7 +25,8 @@ class BdSesion {
 public:
     // Opens the company named by the connection string. Throws ErrorBd with a
     // Spanish message when the string is bad, the server cannot be reached or
-    // the company does not exist.
+    // the company does not exist; ErrorDispositivo when the data folder cannot
+    // be created.
     static std::unique_ptr<BdSesion> Abre(const QString& cadena,
                                           ModoApertura modo = ModoApertura::Existente);
     static std::unique_ptr<BdSesion> Abre(const CadenaConexion& cadena,
@@ -58,15 +59,19 @@ public:
     Conexion& cn() { return *cn_; }
 
     // The builder never throws: a failed statement gives false and its text.
-    bool Borra(QString& sMensaje);
-    bool Update(QString& sMensaje);
+    [[nodiscard]] bool Borra(QString& sMensaje);
+    [[nodiscard]] bool Update(QString& sMensaje);
     // With `nuevoId`, the identity of the new row comes back from the insert
     // itself (RETURNING), never from a later max().
-    bool Inserta(QString& sMensaje, qint64* nuevoId = nullptr);
+    [[nodiscard]] bool Inserta(QString& sMensaje, qint64* nuevoId = nullptr);
     // The database's error behind the last builder statement that returned
     // false, with its kind and detail; empty when it succeeded or the builder
     // refused it before reaching the database.
     const std::optional<ErrorBd>& ErrorConstructor() const { return errorConstructor_; }
+    // For a caller whose builder step returned false: rethrows the database's
+    // error when it leaves the whole database unusable, so that a run stops;
+    // otherwise throws `mensaje` with code kBuilder.
+    [[noreturn]] void LanzaErrorConstructor(const QString& mensaje) const;
 
     // --- of this implementation ---
     const CadenaConexion& cadena() const { return cadena_; }

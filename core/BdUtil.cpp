@@ -2,6 +2,7 @@
 
 #include "ErrorBd.h"
 #include "Interaccion.h"
+#include "MensajesCore.h"
 #include "Redondeo.h"
 
 namespace vk {
@@ -14,7 +15,7 @@ QString BdUtil::Busca(const QString& sSql, const QString& sColumna, const QStrin
                       const QString& sCabNombre, const QString& sTitulo, int nAnchoCodigo,
                       int nAnchoNombre, qint16) {
     if (!cn_) {
-        throw ErrorBd(QStringLiteral("La búsqueda no tiene conexión: falta llamar a Prepara."));
+        throw ErrorBd(mensajes::kBusquedaSinConexion);
     }
     Recordset rs = cn_->Execute(sSql);
     PeticionBusca p;

@@ -1,6 +1,7 @@
 #include "CadenaConexion.h"
 
 #include "ErrorBd.h"
+#include "MensajesCore.h"
 
 #include <QRegularExpression>
 #include <QUrl>
@@ -11,17 +12,12 @@ namespace vk {
 namespace {
 
 ErrorBd errorCadena(const QString& texto) {
-    return ErrorBd(QStringLiteral("Cadena de conexión no válida: «%1». Use un directorio, "
-                                  "sqlite:DIRECTORIO?catalogo=NOMBRE o "
-                                  "postgresql://usuario@servidor:puerto/base?catalogo=nombre.")
-                       .arg(texto));
+    return ErrorBd(mensajes::kCadenaNoValida.arg(texto));
 }
 
 QString catalogoValidado(const QString& nombre) {
     if (!EsNombreCatalogoValido(nombre)) {
-        throw ErrorBd(QStringLiteral("Nombre de catálogo no válido: «%1». Use letras, dígitos y "
-                                     "guiones bajos, empezando por una letra.")
-                          .arg(nombre));
+        throw ErrorBd(mensajes::kCatalogoNoValido.arg(nombre));
     }
     return nombre.toLower();
 }
@@ -30,9 +26,7 @@ int usuarioValidado(const QString& valor) {
     bool ok = false;
     const int id = valor.toInt(&ok);
     if (!ok || id <= 0) {
-        throw ErrorBd(
-            QStringLiteral("El usuario de la conexión debe ser un número mayor que 0: «%1».")
-                .arg(valor));
+        throw ErrorBd(mensajes::kUsuarioConexionNoValido.arg(valor));
     }
     return id;
 }
@@ -41,16 +35,10 @@ int esperaValidada(const QString& valor) {
     bool ok = false;
     const int segundos = valor.toInt(&ok);
     if (!ok || segundos < 0 || segundos > 3600) {
-        throw ErrorBd(QStringLiteral("La espera «%1» de la conexión debe ser un número de "
-                                     "segundos entre 0 y 3600.")
-                          .arg(valor));
+        throw ErrorBd(mensajes::kEsperaNoValida.arg(valor));
     }
     return segundos;
 }
-
-const QString kClaveEnCadena = QStringLiteral(
-    "La cadena de conexión no debe llevar la contraseña: guárdela en el fichero de "
-    "contraseñas de PostgreSQL (PGPASSFILE, por defecto ~/.pgpass) o en PGPASSWORD.");
 
 CadenaConexion interpretaSqlite(const QString& texto, const QString& resto) {
     CadenaConexion c;
@@ -71,8 +59,7 @@ CadenaConexion interpretaSqlite(const QString& texto, const QString& resto) {
             } else if (clave.compare(QLatin1String("espera"), Qt::CaseInsensitive) == 0) {
                 c.esperaSegundos = esperaValidada(valor);
             } else {
-                throw ErrorBd(
-                    QStringLiteral("Opción desconocida «%1» en la conexión SQLite.").arg(clave));
+                throw ErrorBd(mensajes::kOpcionSqliteDesconocida.arg(clave));
             }
         }
     }
@@ -91,7 +78,7 @@ CadenaConexion interpretaPostgres(const QString& texto) {
     c.baseDatos = url.path().mid(1);
     c.usuario = url.userName();
     if (!url.password().isEmpty()) {
-        throw ErrorBd(kClaveEnCadena);
+        throw ErrorBd(mensajes::kClaveEnCadena);
     }
     c.catalogo = QString::fromLatin1(CadenaConexion::kCatalogoPorDefecto);
     QStringList opciones;
@@ -109,7 +96,7 @@ CadenaConexion interpretaPostgres(const QString& texto) {
         } else if (clave.compare(QLatin1String("espera"), Qt::CaseInsensitive) == 0) {
             c.esperaSegundos = esperaValidada(valor);
         } else if (clave.compare(QLatin1String("password"), Qt::CaseInsensitive) == 0) {
-            throw ErrorBd(kClaveEnCadena);
+            throw ErrorBd(mensajes::kClaveEnCadena);
         } else {
             if (valor.contains(QLatin1Char(';'))) {
                 throw errorCadena(texto);
@@ -134,7 +121,7 @@ bool EsNombreCatalogoValido(const QString& nombre) {
 CadenaConexion CadenaConexion::Interpreta(const QString& textoOriginal) {
     const QString texto = textoOriginal.trimmed();
     if (texto.isEmpty()) {
-        throw ErrorBd(QStringLiteral("La cadena de conexión está vacía."));
+        throw ErrorBd(mensajes::kCadenaVacia);
     }
     if (texto.startsWith(QLatin1String("postgresql://"), Qt::CaseInsensitive) ||
         texto.startsWith(QLatin1String("postgres://"), Qt::CaseInsensitive)) {

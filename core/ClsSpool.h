@@ -19,7 +19,7 @@ public:
     // Sends the text as it stands: no line end is added, the layouts send
     // "\r\n" and form feeds themselves.
     virtual void printline(const QString& texto) = 0;
-    // Ends the job; throws ErrorBd when the printer refuses it.
+    // Ends the job; throws ErrorDispositivo when the printer refuses it.
     virtual void CloseDevice() = 0;
 };
 

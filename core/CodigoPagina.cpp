@@ -1,6 +1,6 @@
 #include "CodigoPagina.h"
 
-#include "ErrorBd.h"
+#include "Error.h"
 #include "MensajesCore.h"
 
 #include <algorithm>
@@ -17,7 +17,7 @@ QByteArray Iconv(const QByteArray& destino, const QByteArray& origen, QByteArray
                  const QString& codigoPagina) {
     iconv_t cd = iconv_open(destino.constData(), origen.constData());
     if (cd == reinterpret_cast<iconv_t>(-1)) {
-        throw ErrorBd(mensajes::kCodigoPaginaNoDisponible.arg(codigoPagina));
+        throw ErrorDispositivo(mensajes::kCodigoPaginaNoDisponible.arg(codigoPagina));
     }
     const bool desdeUtf8 = origen == "UTF-8";
     QByteArray salida(entrada.size() * 4 + 16, '\0');

@@ -12,7 +12,7 @@ namespace vk {
 
 // The text in the code page. Characters the code page lacks are
 // transliterated, a "?" when there is nothing to transliterate them to.
-// Throws ErrorBd when the code page is unknown to the system.
+// Throws ErrorDispositivo when the code page is unknown to the system.
 QByteArray ConvierteCodigoPagina(const QString& texto, const QString& codigoPagina);
 // The same text back in Unicode, holding only what the code page has: on a
 // single-byte code page one character is one byte, so a column padded on it

@@ -1,6 +1,7 @@
 #include "Componentes.h"
 
-#include "ErrorBd.h"
+#include "Error.h"
+#include "MensajesCore.h"
 
 #include <QHash>
 
@@ -28,20 +29,17 @@ bool ExisteComponente(const QString& progId) {
 std::unique_ptr<Componente> CreaObjeto(const QString& progId) {
     const auto it = registro().constFind(progId.toUpper());
     if (it == registro().constEnd()) {
-        throw ErrorBd(QStringLiteral("No se puede crear el objeto «%1»: no hay ningún componente "
-                                     "instalado con ese nombre.")
-                          .arg(progId));
+        throw Error(mensajes::kComponenteNoInstalado.arg(progId));
     }
     std::unique_ptr<Componente> c = (*it)();
     if (!c) {
-        throw ErrorBd(QStringLiteral("No se puede crear el objeto «%1».").arg(progId));
+        throw Error(mensajes::kComponenteNoCreado.arg(progId));
     }
     return c;
 }
 
 void ErrorInterfazComponente(const QString& progId) {
-    throw ErrorBd(
-        QStringLiteral("El objeto «%1» no ofrece la interfaz que se esperaba.").arg(progId));
+    throw Error(mensajes::kComponenteSinInterfaz.arg(progId));
 }
 
 } // namespace vk

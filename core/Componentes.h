@@ -22,7 +22,7 @@ void RegistraComponente(const QString& progId, FabricaComponente fabrica);
 void OlvidaComponente(const QString& progId);
 bool ExisteComponente(const QString& progId);
 
-// Throws ErrorBd when nothing is registered under the name.
+// Throws Error when nothing is registered under the name.
 std::unique_ptr<Componente> CreaObjeto(const QString& progId);
 
 // Creates it and checks it offers the interface the caller needs.

@@ -176,7 +176,7 @@ int Conexion::BeginTrans() {
 
 void Conexion::CommitTrans() {
     if (nivel_ == 0) {
-        throw ErrorBd(QStringLiteral("No hay ninguna transacción abierta que confirmar."));
+        throw ErrorBd(mensajes::kSinTransaccionQueConfirmar);
     }
     --nivel_;
     if (nivel_ == 0) {
@@ -204,7 +204,7 @@ void Conexion::deshazTodo() {
 
 void Conexion::RollbackTrans() {
     if (nivel_ == 0) {
-        throw ErrorBd(QStringLiteral("No hay ninguna transacción abierta que deshacer."));
+        throw ErrorBd(mensajes::kSinTransaccionQueDeshacer);
     }
     --nivel_;
     if (nivel_ == 0) {

@@ -2,6 +2,7 @@
 
 #include "ErrorBd.h"
 #include "Esquema.h"
+#include "MensajesCore.h"
 #include "Semilla.h"
 
 #include <QRegularExpression>
@@ -145,10 +146,7 @@ void anotaVersion(BdSesion& s, Catalogo catalogo) {
 int versionYCreacion(BdSesion& s, Catalogo catalogo, ResumenCreacion& r) {
     const int anterior = versionDe(s, catalogo);
     if (anterior > kVersionEsquema) {
-        throw ErrorBd(QStringLiteral("El catálogo tiene la versión de esquema %1, más moderna que "
-                                     "la %2 de este programa. Actualice el programa.")
-                          .arg(anterior)
-                          .arg(kVersionEsquema));
+        throw ErrorBd(mensajes::kEsquemaMasModerno.arg(anterior).arg(kVersionEsquema));
     }
     creaTablas(s, catalogo, r);
     anotaVersion(s, catalogo);
@@ -194,9 +192,7 @@ void CreaCatalogoContable(BdSesion& contable, ResumenCreacion& r) {
     Transaccion t(contable.cn());
     const int anterior = versionYCreacion(contable, Catalogo::Contable, r);
     t.Confirma();
-    r.lineas << (anterior == 0
-                     ? QStringLiteral("Catálogo contable %1 creado (esquema versión %2).")
-                     : QStringLiteral("Catálogo contable %1 al día (esquema versión %2)."))
+    r.lineas << (anterior == 0 ? mensajes::kContableCreado : mensajes::kContableAlDia)
                     .arg(contable.Catalogo())
                     .arg(kVersionEsquema);
 }
@@ -214,8 +210,7 @@ ResumenCreacion CreaEmpresa(BdSesion& s) {
             r.filasSemilla += SiembraMencionesIva(s);
         }
         t.Confirma();
-        r.lineas << (anterior == 0 ? QStringLiteral("Catálogo común vkcomun creado.")
-                                   : QStringLiteral("Catálogo común vkcomun al día."));
+        r.lineas << (anterior == 0 ? mensajes::kComunCreado : mensajes::kComunAlDia);
     }
     {
         Transaccion t(s.cn());
@@ -223,9 +218,7 @@ ResumenCreacion CreaEmpresa(BdSesion& s) {
         registraEmpresa(s);
         SiembraDatosEmpresa(s);
         t.Confirma();
-        r.lineas << (r.versionAnterior == 0
-                         ? QStringLiteral("Empresa %1 creada (esquema versión %2).")
-                         : QStringLiteral("Empresa %1 al día (esquema versión %2)."))
+        r.lineas << (r.versionAnterior == 0 ? mensajes::kEmpresaCreada : mensajes::kEmpresaAlDia)
                         .arg(s.Catalogo())
                         .arg(kVersionEsquema);
     }
@@ -234,9 +227,7 @@ ResumenCreacion CreaEmpresa(BdSesion& s) {
     std::unique_ptr<BdSesion> contable = s.AbreContable(ModoApertura::Crea);
     CreaCatalogoContable(*contable, r);
     if (r.tablasCreadas || r.columnasAnadidas || r.filasSemilla) {
-        r.lineas << QStringLiteral("Tablas creadas: %1; columnas añadidas: %2; filas de referencia "
-                                   "añadidas: %3.")
-                        .arg(r.tablasCreadas)
+        r.lineas << mensajes::kResumenCreacion.arg(r.tablasCreadas)
                         .arg(r.columnasAnadidas)
                         .arg(r.filasSemilla);
     }

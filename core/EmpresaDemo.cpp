@@ -1,6 +1,7 @@
 #include "EmpresaDemo.h"
 
 #include "ErrorBd.h"
+#include "MensajesCore.h"
 #include "Redondeo.h"
 #include "Semilla.h"
 
@@ -411,9 +412,7 @@ private:
         return *this;
     }
     [[noreturn]] void falla(const QString& msg) const {
-        throw ErrorBd(QStringLiteral("No se han podido grabar los datos de demostración en %1: %2")
-                          .arg(tabla_, msg),
-                      ErrorBd::kBuilder);
+        throw ErrorBd(mensajes::kDemoNoGrabada.arg(tabla_, msg), ErrorBd::kBuilder);
     }
 
     BdSesion& s_;
@@ -439,10 +438,8 @@ qint64 tivaVigente(BdSesion& s, int reg, int familia, const QDate& fecha) {
             return rs.Fields(0).Entero();
         }
     }
-    throw ErrorBd(QStringLiteral("La tabla de impuestos no tiene ningún tipo del régimen %1 en "
-                                 "vigor el %2.")
-                      .arg(reg)
-                      .arg(fecha.toString(QStringLiteral("dd/MM/yyyy"))));
+    throw ErrorRegla(
+        mensajes::kDemoSinTipoIva.arg(reg).arg(fecha.toString(QStringLiteral("dd/MM/yyyy"))));
 }
 
 QString nombreFiscal(const ClienteDemo& c) {
@@ -460,8 +457,7 @@ QString nombreFiscal(const ClienteDemo& c) {
 
 void actualizaParametros(BdSesion& s) {
     if (s.cn().Execute(QStringLiteral("SELECT 1 FROM Parametros")).Eof()) {
-        throw ErrorBd(QStringLiteral("La empresa no tiene fila de parámetros: créela antes de "
-                                     "añadir los datos de demostración."));
+        throw ErrorRegla(mensajes::kDemoSinParametros);
     }
     // Without a condition the builder updates every row: the table has one.
     Fila f(s, "Parametros");
@@ -638,7 +634,7 @@ const ArticuloDemo& articulo(const QString& cod) {
             return a;
         }
     }
-    throw ErrorBd(QStringLiteral("Artículo de demostración desconocido: %1").arg(cod));
+    throw ErrorRegla(mensajes::kDemoArticuloDesconocido.arg(cod));
 }
 
 // The pending delivery notes: each customer's count, spread in a fixed

@@ -15,7 +15,8 @@ struct ResumenDemo {
 
 // Fills the session's company in one transaction. The catalogs, their seed
 // data, the company's row in vkcomun.Emp and its Parametros row must exist
-// (CreaEmpresa). Does nothing when Cli already has rows. Throws ErrorBd.
+// (CreaEmpresa). Does nothing when Cli already has rows. Throws ErrorBd, or
+// ErrorRegla when the company lacks what the demo data needs.
 ResumenDemo CreaDatosDemo(BdSesion& s);
 
 } // namespace vk

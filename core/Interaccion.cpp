@@ -1,6 +1,7 @@
 #include "Interaccion.h"
 
-#include "ErrorBd.h"
+#include "Error.h"
+#include "MensajesCore.h"
 
 namespace vk {
 
@@ -18,8 +19,7 @@ void EstableceInteraccion(Interaccion* interaccion) {
 
 Interaccion& Ui() {
     if (!g_interaccion) {
-        throw ErrorBd(QStringLiteral("Esta aplicación no ha registrado ninguna forma de "
-                                     "comunicarse con el usuario."));
+        throw Error(mensajes::kSinInteraccion);
     }
     return *g_interaccion;
 }

@@ -69,7 +69,7 @@ public:
 // The port the host registered for this process, or nullptr.
 Interaccion* InteraccionActual();
 void EstableceInteraccion(Interaccion* interaccion);
-// The registered port; throws ErrorBd when there is none.
+// The registered port; throws Error when there is none.
 Interaccion& Ui();
 
 // Registers a port for a scope and puts the previous one back after it.

@@ -2,6 +2,7 @@
 
 #include "ErrorBd.h"
 #include "Formato.h"
+#include "MensajesCore.h"
 
 #include <QDate>
 #include <QRegularExpression>
@@ -78,14 +79,14 @@ Recordset::Recordset(QStringList nombres, std::vector<std::vector<QVariant>> fil
 
 void Recordset::MoveNext() {
     if (Eof()) {
-        throw ErrorBd(QStringLiteral("No hay más registros: el cursor está al final."));
+        throw ErrorBd(mensajes::kCursorAlFinal);
     }
     ++pos_;
 }
 
 void Recordset::MovePrevious() {
     if (Bof()) {
-        throw ErrorBd(QStringLiteral("No hay registros anteriores: el cursor está al principio."));
+        throw ErrorBd(mensajes::kCursorAlPrincipio);
     }
     --pos_;
 }
@@ -93,7 +94,7 @@ void Recordset::MovePrevious() {
 bool Recordset::Find(const QString& columna, const QVariant& valor) {
     const int c = indice(columna);
     if (c < 0) {
-        throw ErrorBd(QStringLiteral("No existe el campo «%1» en el resultado.").arg(columna));
+        throw ErrorBd(mensajes::kCampoNoExiste.arg(columna));
     }
     if (pos_ < 0) {
         pos_ = 0;
@@ -111,7 +112,7 @@ bool Recordset::Find(const QString& criterio) {
         QStringLiteral(R"(^\s*([A-Za-z_][\w]*)\s*=\s*(?:'((?:[^']|'')*)'|(-?[\d.]+))\s*$)"));
     const auto m = forma.match(criterio);
     if (!m.hasMatch()) {
-        throw ErrorBd(QStringLiteral("Criterio de búsqueda no válido: «%1».").arg(criterio));
+        throw ErrorBd(mensajes::kCriterioNoValido.arg(criterio));
     }
     if (m.capturedStart(2) >= 0) {
         return Find(m.captured(1), m.captured(2).replace(QLatin1String("''"), QLatin1String("'")));
@@ -122,27 +123,25 @@ bool Recordset::Find(const QString& criterio) {
 Campo Recordset::Fields(const QString& nombre) const {
     const int c = indice(nombre);
     if (c < 0) {
-        throw ErrorBd(QStringLiteral("No existe el campo «%1» en el resultado.").arg(nombre));
+        throw ErrorBd(mensajes::kCampoNoExiste.arg(nombre));
     }
     return Campo(*this, c);
 }
 
 Campo Recordset::Fields(int i) const {
     if (i < 0 || i >= FieldCount()) {
-        throw ErrorBd(QStringLiteral("No existe el campo número %1 en el resultado.").arg(i));
+        throw ErrorBd(mensajes::kCampoNumeroNoExiste.arg(i));
     }
     return Campo(*this, i);
 }
 
 void Recordset::AnadeCampo(const QString& nombre, std::vector<QVariant> valores) {
     if (valores.size() != filas_.size()) {
-        throw ErrorBd(QStringLiteral("El campo «%1» trae %2 valores para %3 registros.")
-                          .arg(nombre)
-                          .arg(valores.size())
-                          .arg(filas_.size()));
+        throw ErrorBd(
+            mensajes::kCampoValoresDistintos.arg(nombre).arg(valores.size()).arg(filas_.size()));
     }
     if (indice(nombre) >= 0) {
-        throw ErrorBd(QStringLiteral("El campo «%1» ya existe en el resultado.").arg(nombre));
+        throw ErrorBd(mensajes::kCampoRepetido.arg(nombre));
     }
     nombres_ << nombre;
     for (std::size_t i = 0; i < filas_.size(); ++i) {
@@ -162,8 +161,7 @@ int Recordset::indice(const QString& nombre) const {
 
 const QVariant& Recordset::valor(int columna) const {
     if (Eof() || Bof()) {
-        throw ErrorBd(QStringLiteral(
-            "No hay registro actual: el cursor está antes del principio o después del final."));
+        throw ErrorBd(mensajes::kSinRegistroActual);
     }
     return filas_[pos_][columna];
 }

@@ -1,6 +1,7 @@
 #include "Semilla.h"
 
 #include "ErrorBd.h"
+#include "MensajesCore.h"
 
 #include <QFile>
 #include <QStringList>
@@ -18,7 +19,7 @@ QByteArray LeeRecursoSemilla(const QString& recurso) {
     (void)registrados;
     QFile f(recurso);
     if (!f.open(QIODevice::ReadOnly)) {
-        throw ErrorBd(QStringLiteral("No se pueden leer los datos de referencia %1.").arg(recurso));
+        throw ErrorDispositivo(mensajes::kSemillaIlegible.arg(recurso));
     }
     return f.readAll();
 }
@@ -86,8 +87,8 @@ int siembra(BdSesion& s, const Siembra& def) {
     int anadidas = 0;
     for (const QStringList& fila : csv.filas) {
         if (fila.size() != csv.cabecera.size()) {
-            throw ErrorBd(QStringLiteral("Fila mal formada en %1: «%2».")
-                              .arg(QString::fromLatin1(def.recurso), fila.join(QLatin1Char(','))));
+            throw ErrorBd(mensajes::kSemillaFilaMal.arg(QString::fromLatin1(def.recurso),
+                                                        fila.join(QLatin1Char(','))));
         }
         QVariantList valores;
         for (int i = 0; i < fila.size(); ++i) {

@@ -12,7 +12,7 @@ namespace {
 void muestra(const QString& pantalla, const QVariantMap& argumentos = {}) {
     LanzadorPantallas* l = LanzadorActual();
     if (!l) {
-        throw ErrorBd(mensajes::kSinLanzador.arg(pantalla));
+        throw Error(mensajes::kSinLanzador.arg(pantalla));
     }
     l->Muestra({pantalla, argumentos});
 }
@@ -43,7 +43,7 @@ VKFACVENTAS::~VKFACVENTAS() = default;
 
 BdSesion& VKFACVENTAS::MyBd() const {
     if (!bd_) {
-        throw ErrorBd(mensajes::kSinSesion);
+        throw Error(mensajes::kSinSesion);
     }
     return *bd_;
 }
@@ -164,7 +164,7 @@ bool VKFACVENTAS::ConexionContableFacturaVentas(qint16 nEmp, const QString& sWhe
                                                 bool bBorra, bool bEdicion,
                                                 const QString& sAsientoCobro) {
     if (!ExisteComponente(QString::fromLatin1(ContabilizadorVentas::kProgId))) {
-        throw ErrorBd(mensajes::kSinContabilizacion);
+        throw Error(mensajes::kSinContabilizacion);
     }
     return CreaObjeto<ContabilizadorVentas>(QString::fromLatin1(ContabilizadorVentas::kProgId))
         ->ConexionContableFacturaVentas(*this, nEmp, sWhere, vWhere, bCobros, bBorra, bEdicion,

@@ -92,7 +92,7 @@ void VKFACVENTAS::CalculoTotalesFactura() {
         ImpDtoPie1 += g.dtoPie;
         const QDate fecha = rs.Fields(QStringLiteral("Fav_Fecha")).Fecha();
         if (g.tivaId.isNull()) {
-            throw ErrorBd(mensajes::kLineaSinIva.arg(IdFactu));
+            throw ErrorRegla(mensajes::kLineaSinIva.arg(IdFactu));
         }
         double nIva = g.iva;
         double nRec = g.rec;
@@ -114,7 +114,7 @@ void VKFACVENTAS::CalculoTotalesFactura() {
                                "Tiva_Fecha DESC LIMIT 1"),
                 {nReg, familia, bd.dialecto().valorFecha(fecha)});
             if (vigente.Eof()) {
-                throw ErrorBd(mensajes::kSinTipoEnVigor.arg(nReg).arg(familia).arg(
+                throw ErrorRegla(mensajes::kSinTipoEnVigor.arg(nReg).arg(familia).arg(
                     fecha.toString(QStringLiteral("dd/MM/yyyy"))));
             }
             const auto sustituye = [&](const char* columna, double& destino) {

@@ -199,7 +199,7 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
 
 GrupoAlbaranes fnGrupoDeAlbaranes(BdSesion& bd, const std::vector<qint32>& ids) {
     if (ids.empty()) {
-        throw ErrorBd(mensajes::kSinAlbaranes);
+        throw ErrorRegla(mensajes::kSinAlbaranes);
     }
     struct Nota {
         qint32 id;
@@ -218,14 +218,14 @@ GrupoAlbaranes fnGrupoDeAlbaranes(BdSesion& bd, const std::vector<qint32>& ids) 
                            "WHERE Cav_Id = ?"),
             {id});
         if (rs.Eof()) {
-            throw ErrorBd(mensajes::kAlbaranNoExiste.arg(id));
+            throw ErrorRegla(mensajes::kAlbaranNoExiste.arg(id));
         }
         const QString numero = rs.Fields(QStringLiteral("Cav_Serie")).Texto().trimmed() +
                                QLatin1Char('/') +
                                QString::number(rs.Fields(QStringLiteral("Cav_Numero")).Entero());
         if (rs.Fields(QStringLiteral("Cav_Situa")).Entero() != 1 ||
             !rs.Fields(QStringLiteral("Cav_IdFactura")).IsNull()) {
-            throw ErrorBd(mensajes::kAlbaranFacturado.arg(numero));
+            throw ErrorRegla(mensajes::kAlbaranFacturado.arg(numero));
         }
         notas.push_back({id, numero, rs.Fields(QStringLiteral("Cav_Fecha")).Fecha(),
                          static_cast<qint32>(rs.Fields(QStringLiteral("Cav_IdCli")).Entero()),
@@ -238,20 +238,20 @@ GrupoAlbaranes fnGrupoDeAlbaranes(BdSesion& bd, const std::vector<qint32>& ids) 
     const Nota& p = notas.front();
     for (const Nota& n : notas) {
         if (n.cliente != p.cliente) {
-            throw ErrorBd(mensajes::kAlbaranesVariosClientes);
+            throw ErrorRegla(mensajes::kAlbaranesVariosClientes);
         }
         const auto distinta = [&](const QString& que) {
-            return ErrorBd(mensajes::kAlbaranesOtroGrupo.arg(n.numero, p.numero, que));
+            return ErrorRegla(mensajes::kAlbaranesOtroGrupo.arg(n.numero, p.numero, que));
         };
         if (n.fco != p.fco) {
-            throw distinta(QStringLiteral("forma de cobro"));
+            throw distinta(mensajes::kOtraFormaCobro);
         }
         if (n.dto1 != p.dto1 || n.dto2 != p.dto2) {
-            throw distinta(QStringLiteral("pareja de descuentos"));
+            throw distinta(mensajes::kOtraParejaDescuentos);
         }
         if (n.agente.isNull() != p.agente.isNull() ||
             (!n.agente.isNull() && n.agente.toLongLong() != p.agente.toLongLong())) {
-            throw distinta(QStringLiteral("agente"));
+            throw distinta(mensajes::kOtroAgente);
         }
     }
     std::stable_sort(notas.begin(), notas.end(), [](const Nota& a, const Nota& b) {
@@ -263,10 +263,10 @@ GrupoAlbaranes fnGrupoDeAlbaranes(BdSesion& bd, const std::vector<qint32>& ids) 
                        "FROM Cli WHERE Cli_Id = ?"),
         {p.cliente});
     if (cli.Eof()) {
-        throw ErrorBd(mensajes::kClienteNoExiste.arg(p.cliente));
+        throw ErrorRegla(mensajes::kClienteNoExiste.arg(p.cliente));
     }
     if (!fnCuentaCobroValida(bd, p.fco, cli.Fields(QStringLiteral("CLI_CTA")).Texto())) {
-        throw ErrorBd(mensajes::kCuentaCobroIncorrecta);
+        throw ErrorRegla(mensajes::kCuentaCobroIncorrecta);
     }
     GrupoAlbaranes g;
     CabeceraFactura& c = g.cabecera;

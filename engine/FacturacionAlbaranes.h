@@ -72,7 +72,7 @@ struct GrupoAlbaranes {
 
 // The group of the notes given: their customer, payment terms, discounts and
 // agent, the customer's retention, remarks and attention line, its first
-// address (fiscal first). Throws ErrorBd, saying why, when a note does not
+// address (fiscal first). Throws ErrorRegla, saying why, when a note does not
 // exist, is invoiced, or would be another group, or when the payment terms
 // need a bank account the customer lacks.
 GrupoAlbaranes fnGrupoDeAlbaranes(BdSesion& bd, const std::vector<qint32>& albaranes);

@@ -57,4 +57,15 @@ inline const QString kSinAlbaranes = QStringLiteral("Indique al menos un albará
 inline const QString kCuentaCobroIncorrecta =
     QStringLiteral("La cuenta de cobro del cliente no es correcta. No puede facturar este cliente");
 
+inline const QString kFacturaNoExiste = QStringLiteral("No existe la factura %1.");
+inline const QString kRetencionNoGrabada =
+    QStringLiteral("No se pudo grabar la retención de la factura: %1");
+// What two delivery notes of one invoice must share, for kAlbaranesOtroGrupo.
+inline const QString kOtraFormaCobro = QStringLiteral("forma de cobro");
+inline const QString kOtraParejaDescuentos = QStringLiteral("pareja de descuentos");
+inline const QString kOtroAgente = QStringLiteral("agente");
+
+inline const QString kAgenteRecibosNoGrabado =
+    QStringLiteral("No se pudo grabar el agente en los recibos de la factura: %1");
+
 } // namespace vk::mensajes

@@ -25,7 +25,7 @@ qint32 siguienteNumero(VKFACVENTAS& f, Conexion& cn) {
         {f.SerieFactura});
     const qint64 ultimo = rs.Fields(0).Entero();
     if (ultimo >= std::numeric_limits<qint32>::max()) {
-        throw ErrorBd(mensajes::kSerieAgotada.arg(f.SerieFactura));
+        throw ErrorRegla(mensajes::kSerieAgotada.arg(f.SerieFactura));
     }
     if (ultimo > 0) {
         return static_cast<qint32>(ultimo + 1);

@@ -1,5 +1,7 @@
 #include "Recibos.h"
 
+#include "MensajesMotor.h"
+
 #include <Tesoreria.h>
 #include <VKFACVENTAS.h>
 
@@ -75,7 +77,9 @@ void msActualizaAgenteRecibos(VKFACVENTAS& f) {
     bd.xlsCampos().Add(QStringLiteral("Rec_Age"), TipoCampo::Numero, agente);
     bd.Where(QStringLiteral(" WHERE Rec_Tipo = 1 AND Rec_IdFac = ?"), {f.IdFactu});
     QString mensaje;
-    bd.Update(mensaje);
+    if (!bd.Update(mensaje)) {
+        bd.LanzaErrorConstructor(mensajes::kAgenteRecibosNoGrabado.arg(mensaje));
+    }
 }
 
 } // namespace vk

@@ -17,6 +17,7 @@ QString msGeneraRecibosFactura(VKFACVENTAS& factura);
 qint32 fnAgenteFactura(VKFACVENTAS& factura);
 
 // After a change of agent on the notes: the invoice's receipts follow it.
+// Throws ErrorBd when they cannot be written.
 void msActualizaAgenteRecibos(VKFACVENTAS& factura);
 
 } // namespace vk

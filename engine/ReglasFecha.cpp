@@ -45,7 +45,7 @@ QDate fnLeeFecha(const QString& texto) {
     if (corta.isValid()) {
         return corta.addYears(100);
     }
-    throw ErrorBd(mensajes::kFechaNoValida.arg(texto));
+    throw ErrorRegla(mensajes::kFechaNoValida.arg(texto));
 }
 
 QDate fnUltimaFechaSerie(BdSesion& bd, const QString& serie) {

@@ -33,7 +33,7 @@ inline bool fnFechaFacturaAdmisible(const QDate& fecha) {
 }
 
 // Reads a date typed by a person (dd/mm/yyyy, d/m/yy or yyyy-mm-dd); throws
-// ErrorBd when the text is not a date.
+// ErrorRegla when the text is not a date.
 QDate fnLeeFecha(const QString& texto);
 
 } // namespace vk

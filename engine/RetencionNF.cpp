@@ -1,5 +1,7 @@
 #include "RetencionNF.h"
 
+#include "MensajesMotor.h"
+
 #include <ErrorBd.h>
 #include <VKFACVENTAS.h>
 
@@ -20,7 +22,9 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
         bd.Limpia(0);
         bd.Tabla(QStringLiteral("RetNF"));
         bd.Where(condicion, {f.IdFactu});
-        bd.Borra(mensaje);
+        if (!bd.Borra(mensaje)) {
+            bd.LanzaErrorConstructor(mensajes::kRetencionNoGrabada.arg(mensaje));
+        }
     }
     if (f.porcentajeretencionnf == 0) {
         return;
@@ -29,7 +33,7 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
         QStringLiteral("SELECT fav_idcli, Fav_Fecha, Fav_Iretnf FROM Fav WHERE Fav_Id = ?"),
         {f.IdFactu});
     if (fav.Eof()) {
-        throw ErrorBd(QStringLiteral("No existe la factura %1.").arg(f.IdFactu), ErrorBd::kBuilder);
+        throw ErrorRegla(mensajes::kFacturaNoExiste.arg(f.IdFactu), Error::kBuilder);
     }
     bd.Limpia(0);
     bd.Tabla(QStringLiteral("RetNF"));
@@ -54,12 +58,7 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
     Transaccion t(cn);
     if (!bd.Inserta(mensaje)) {
         t.Deshaz();
-        if (bd.ErrorConstructor() && bd.ErrorConstructor()->AfectaATodo()) {
-            throw *bd.ErrorConstructor();
-        }
-        throw ErrorBd(
-            QStringLiteral("No se pudo grabar la retención de la factura: %1").arg(mensaje),
-            ErrorBd::kBuilder);
+        bd.LanzaErrorConstructor(mensajes::kRetencionNoGrabada.arg(mensaje));
     }
     t.Confirma();
 }

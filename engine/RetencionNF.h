@@ -8,7 +8,7 @@ class VKFACVENTAS;
 
 // Deletes the invoice's retention rows (keeping the receipt id of the first)
 // and, when the percentage is not 0, inserts the new one. Throws ErrorBd with
-// code 9999 when the insert fails.
+// code 9999 when the insert fails, ErrorRegla when the invoice does not exist.
 void msReescribeRetencionNF(VKFACVENTAS& factura);
 
 } // namespace vk

@@ -1,8 +1,9 @@
 #include "DisenoInforme.h"
 
 #include "CarpetaDatos.h"
+#include "MensajesInforme.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -38,14 +39,13 @@ QString buscaEn(const QString& carpeta, const QString& nombre) {
 QJsonObject leeFichero(const QString& ruta) {
     QFile f(ruta);
     if (!f.open(QIODevice::ReadOnly)) {
-        throw ErrorBd(QStringLiteral("No se puede leer el diseño %1.").arg(ruta));
+        throw ErrorDiseno(mensajes::kDisenoIlegible.arg(ruta));
     }
     QJsonParseError error;
     const QJsonDocument doc = QJsonDocument::fromJson(f.readAll(), &error);
     if (!doc.isObject()) {
-        throw ErrorBd(QStringLiteral("El diseño %1 no es válido: %2 (posición %3).")
-                          .arg(ruta, error.errorString())
-                          .arg(error.offset));
+        throw ErrorDiseno(
+            mensajes::kDisenoNoValido.arg(ruta, error.errorString()).arg(error.offset));
     }
     return doc.object();
 }
@@ -68,13 +68,12 @@ QJsonObject leeDesde(const QString& nombre, int desde, QStringList& cadena) {
         }
         const QString clave = ruta.toLower();
         if (cadena.contains(clave)) {
-            throw ErrorBd(QStringLiteral("Los diseños se extienden entre sí sin fin: %1.")
-                              .arg(cadena.join(QStringLiteral(" → "))));
+            throw ErrorDiseno(mensajes::kDisenosEnCiclo.arg(cadena.join(QStringLiteral(" → "))));
         }
         cadena << clave;
         return leeConBase(ruta, nombre, n + 1, cadena);
     }
-    throw ErrorBd(QStringLiteral("No existe el diseño de informe %1.").arg(nombre));
+    throw ErrorDiseno(mensajes::kDisenoNoExiste.arg(nombre));
 }
 
 // The design of the file with the one it extends merged in. A base of its
@@ -173,7 +172,7 @@ int color(const QJsonValue& v, int defecto) {
     bool ok = false;
     const int c = t.toInt(&ok, 16);
     if (!ok) {
-        throw ErrorBd(QStringLiteral("Color no válido en el diseño: %1.").arg(v.toString()));
+        throw ErrorDiseno(mensajes::kColorNoValido.arg(v.toString()));
     }
     return c;
 }
@@ -204,7 +203,7 @@ E enumerado(const QString& texto, const QList<QPair<QString, E>>& valores, const
             return valor;
         }
     }
-    throw ErrorBd(QStringLiteral("Tipo de %1 desconocido en el diseño: %2.").arg(que, texto));
+    throw ErrorDiseno(mensajes::kTipoDesconocido.arg(que, texto));
 }
 
 ObjetoInforme objeto(const QJsonObject& o, const Fuente& fuenteBase) {
@@ -315,8 +314,7 @@ std::unique_ptr<Reporte> ConstruyeReporte(const QJsonObject& d) {
                 existe = existe || g.Name.compare(sec.Grupo, Qt::CaseInsensitive) == 0;
             }
             if (!existe) {
-                throw ErrorBd(QStringLiteral("La sección %1 es de un grupo que no existe: %2.")
-                                  .arg(sec.Name, sec.Grupo));
+                throw ErrorDiseno(mensajes::kSeccionSinGrupo.arg(sec.Name, sec.Grupo));
             }
         }
         for (const QJsonValue& o : s.value(QStringLiteral("Objetos")).toArray()) {
@@ -341,7 +339,7 @@ std::unique_ptr<Reporte> CargaDiseno(const QString& nombreReporte) {
 std::unique_ptr<Reporte> CargaDisenoFichero(const QString& ruta) {
     const QFileInfo info(ruta);
     if (!info.isFile()) {
-        throw ErrorBd(QStringLiteral("No existe el fichero %1.").arg(ruta));
+        throw ErrorDiseno(mensajes::kFicheroDisenoNoExiste.arg(ruta));
     }
     QStringList cadena{info.absoluteFilePath().toLower()};
     return ConstruyeReporte(leeConBase(ruta, info.completeBaseName(), 0, cadena));

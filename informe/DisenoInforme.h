@@ -17,11 +17,11 @@ namespace vk::informe {
 QString CarpetaDisenos();
 
 // The design of that report name (without ".json", any case), with its
-// extensions merged in. Throws ErrorBd when there is no such design, a file is
+// extensions merged in. Throws ErrorDiseno when there is no such design, a file is
 // not valid JSON, or designs extend each other in a loop.
 QJsonObject LeeDiseno(const QString& nombreReporte);
 
-// Builds the report from a merged design. Throws ErrorBd on unknown kinds.
+// Builds the report from a merged design. Throws ErrorDiseno on unknown kinds.
 std::unique_ptr<Reporte> ConstruyeReporte(const QJsonObject& diseno);
 
 // LeeDiseno and ConstruyeReporte: what callers use.
@@ -29,7 +29,7 @@ std::unique_ptr<Reporte> CargaDiseno(const QString& nombreReporte);
 
 // A design file opened directly by its path (an installation's own invoice
 // template), named after the file; it may extend designs by name. Throws
-// ErrorBd when the file is missing, unreadable or not a valid design.
+// ErrorDiseno when the file is missing, unreadable or not a valid design.
 std::unique_ptr<Reporte> CargaDisenoFichero(const QString& ruta);
 
 // Merges a derived design onto its base: top-level values replace; the lists

@@ -1,6 +1,8 @@
 #include "Formula.h"
 
-#include <ErrorBd.h>
+#include "MensajesInforme.h"
+
+#include <Error.h>
 #include <Formato.h>
 #include <QVariantList>
 
@@ -24,14 +26,14 @@ public:
         QVariant v = suma();
         saltaBlancos();
         if (p_ < t_.size()) {
-            falla(QStringLiteral("sobra «%1»").arg(t_.mid(p_)));
+            falla(mensajes::kFormulaSobra.arg(t_.mid(p_)));
         }
         return v;
     }
 
 private:
     [[noreturn]] void falla(const QString& motivo) const {
-        throw ErrorBd(QStringLiteral("Error en la fórmula «%1»: %2.").arg(t_, motivo));
+        throw ErrorDiseno(mensajes::kErrorFormula.arg(t_, motivo));
     }
     void saltaBlancos() {
         while (p_ < t_.size() && t_[p_].isSpace()) {
@@ -77,7 +79,7 @@ private:
     QVariant termino() {
         saltaBlancos();
         if (p_ >= t_.size()) {
-            falla(QStringLiteral("falta un valor"));
+            falla(mensajes::kFormulaFaltaValor);
         }
         const QChar c = t_[p_];
         if (c == u'\'' || c == u'"') {
@@ -86,7 +88,7 @@ private:
         if (c == u'{') {
             const qsizetype fin = t_.indexOf(u'}', p_);
             if (fin < 0) {
-                falla(QStringLiteral("falta «}»"));
+                falla(mensajes::kFormulaFaltaLlave);
             }
             QString nombre = t_.mid(p_ + 1, fin - p_ - 1).trimmed();
             p_ = fin + 1;
@@ -97,7 +99,7 @@ private:
             nombre = nombre.mid(nombre.lastIndexOf(u'.') + 1);
             QVariant v;
             if (!f_.Campo(nombre, v)) {
-                falla(QStringLiteral("no existe el campo «%1»").arg(nombre));
+                falla(mensajes::kFormulaSinCampo.arg(nombre));
             }
             return v;
         }
@@ -105,7 +107,7 @@ private:
             ++p_;
             QVariant v = suma();
             if (!toma(u')')) {
-                falla(QStringLiteral("falta «)»"));
+                falla(mensajes::kFormulaFaltaParentesis);
             }
             return v;
         }
@@ -117,7 +119,7 @@ private:
             bool ok = false;
             const double n = t_.mid(inicio, p_ - inicio).toDouble(&ok);
             if (!ok) {
-                falla(QStringLiteral("número mal escrito"));
+                falla(mensajes::kFormulaNumeroMal);
             }
             return n;
         }
@@ -142,7 +144,7 @@ private:
             }
             return formula(nombre);
         }
-        falla(QStringLiteral("no se esperaba «%1»").arg(c));
+        falla(mensajes::kFormulaInesperado.arg(c));
     }
 
     QVariant literal(QChar comilla) {
@@ -150,7 +152,7 @@ private:
         ++p_;
         while (true) {
             if (p_ >= t_.size()) {
-                falla(QStringLiteral("falta cerrar el texto"));
+                falla(mensajes::kFormulaTextoAbierto);
             }
             if (t_[p_] == comilla) {
                 if (p_ + 1 < t_.size() && t_[p_ + 1] == comilla) {
@@ -168,10 +170,10 @@ private:
     QVariant formula(const QString& nombre) {
         QString texto;
         if (!f_.Formula(nombre, texto)) {
-            falla(QStringLiteral("no existe el campo o fórmula «%1»").arg(nombre));
+            falla(mensajes::kFormulaSinCampoNiFormula.arg(nombre));
         }
         if (prof_ >= kProfundidadMaxima) {
-            falla(QStringLiteral("las fórmulas se llaman entre sí sin fin"));
+            falla(mensajes::kFormulaEnCiclo);
         }
         return Analizador(texto, f_, prof_ + 1).Evalua();
     }
@@ -183,7 +185,7 @@ private:
                 args << suma();
             } while (toma(u','));
             if (!toma(u')')) {
-                falla(QStringLiteral("falta «)»"));
+                falla(mensajes::kFormulaFaltaParentesis);
             }
         }
         if (nombre.compare(QLatin1String("Trozo"), Qt::CaseInsensitive) == 0 && args.size() == 3) {
@@ -199,7 +201,7 @@ private:
             !args.isEmpty()) {
             return descuentos(args);
         }
-        falla(QStringLiteral("función desconocida «%1»").arg(nombre));
+        falla(mensajes::kFormulaFuncionDesconocida.arg(nombre));
     }
 
     // A line's chained discounts as one short text, "10+5", the figures

@@ -31,7 +31,7 @@ public:
     virtual bool Formula(const QString& nombre, QString& texto) const = 0;
 };
 
-// Evaluates the text. Throws ErrorBd with a Spanish message on a syntax error,
+// Evaluates the text. Throws ErrorDiseno with a Spanish message on a syntax error,
 // an unknown name, or formulas that refer to each other in a loop.
 QVariant EvaluaFormula(const QString& texto, const FuenteValores& fuente);
 

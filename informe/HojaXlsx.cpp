@@ -2,7 +2,7 @@
 
 #include "MensajesInforme.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <Formato.h>
 #include <QDateTime>
 #include <QHash>
@@ -53,23 +53,23 @@ QString nombreHoja(const ListadoHoja& l) {
 void compruebaListado(const ListadoHoja& l) {
     const int columnas = static_cast<int>(l.columnas.size());
     if (columnas == 0) {
-        throw ErrorBd(mensajes::kListadoSinColumnas.arg(l.titulo));
+        throw ErrorDiseno(mensajes::kListadoSinColumnas.arg(l.titulo));
     }
     static const QRegularExpression prohibidos(QStringLiteral("[\\[\\]:*?/\\\\]"));
     const QString hoja = nombreHoja(l);
     if (hoja.size() > 31 || hoja.contains(prohibidos) || hoja.startsWith(u'\'') ||
         hoja.endsWith(u'\'')) {
-        throw ErrorBd(mensajes::kHojaNoValida.arg(hoja));
+        throw ErrorDiseno(mensajes::kHojaNoValida.arg(hoja));
     }
     for (const ColumnaListado& c : l.columnas) {
         if (c.total && c.tipo != TipoCelda::Numero) {
-            throw ErrorBd(mensajes::kTotalSinNumeros.arg(c.titulo));
+            throw ErrorDiseno(mensajes::kTotalSinNumeros.arg(c.titulo));
         }
     }
     for (size_t f = 0; f < l.filas.size(); ++f) {
         const std::vector<QVariant>& fila = l.filas[f];
         if (static_cast<int>(fila.size()) != columnas) {
-            throw ErrorBd(mensajes::kFilaIncompleta.arg(f + 1).arg(fila.size()).arg(columnas));
+            throw ErrorDiseno(mensajes::kFilaIncompleta.arg(f + 1).arg(fila.size()).arg(columnas));
         }
         for (int c = 0; c < columnas; ++c) {
             const QVariant& v = fila[static_cast<size_t>(c)];
@@ -78,21 +78,21 @@ void compruebaListado(const ListadoHoja& l) {
                 continue;
             }
             if (col.tipo == TipoCelda::Numero && !EsNumero(v)) {
-                throw ErrorBd(mensajes::kNoEsNumero.arg(v.toString(), col.titulo).arg(f + 1));
+                throw ErrorDiseno(mensajes::kNoEsNumero.arg(v.toString(), col.titulo).arg(f + 1));
             }
             if (col.tipo == TipoCelda::Fecha && !fechaDe(v).isValid()) {
-                throw ErrorBd(mensajes::kNoEsFecha.arg(v.toString(), col.titulo).arg(f + 1));
+                throw ErrorDiseno(mensajes::kNoEsFecha.arg(v.toString(), col.titulo).arg(f + 1));
             }
         }
     }
     if (l.grafico) {
         const auto fuera = [&](int c) { return c < 0 || c >= columnas; };
         if (fuera(l.grafico->columnaEtiquetas) || fuera(l.grafico->columnaValores)) {
-            throw ErrorBd(mensajes::kGraficoSinColumnas);
+            throw ErrorDiseno(mensajes::kGraficoSinColumnas);
         }
         const ColumnaListado& valores = l.columnas[static_cast<size_t>(l.grafico->columnaValores)];
         if (valores.tipo != TipoCelda::Numero) {
-            throw ErrorBd(mensajes::kGraficoSinNumeros.arg(valores.titulo));
+            throw ErrorDiseno(mensajes::kGraficoSinNumeros.arg(valores.titulo));
         }
     }
 }
@@ -149,11 +149,11 @@ public:
     Libro(const ListadoHoja& l, const QString& fichero) : l_(l), fichero_(fichero) {
         libro_.reset(workbook_new(fichero.toLocal8Bit().constData()));
         if (!libro_) {
-            throw ErrorBd(mensajes::kNoSeEscribeHoja.arg(fichero_));
+            throw ErrorDispositivo(mensajes::kNoSeEscribeHoja.arg(fichero_));
         }
         hoja_ = workbook_add_worksheet(libro_.get(), nombreHoja(l).toUtf8().constData());
         if (hoja_ == nullptr) {
-            throw ErrorBd(mensajes::kHojaNoValida.arg(nombreHoja(l)));
+            throw ErrorDiseno(mensajes::kHojaNoValida.arg(nombreHoja(l)));
         }
     }
 
@@ -162,8 +162,8 @@ public:
 private:
     void comprueba(lxw_error e) const {
         if (e != LXW_NO_ERROR) {
-            throw ErrorBd(mensajes::kNoSeEscribeHoja.arg(fichero_),
-                          QString::fromUtf8(lxw_strerror(e)), ClaseError::General);
+            throw ErrorDispositivo(mensajes::kNoSeEscribeHoja.arg(fichero_),
+                                   QString::fromUtf8(lxw_strerror(e)));
         }
     }
     // The format of a kind of cell, made once: by number format, boldness

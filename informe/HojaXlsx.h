@@ -64,9 +64,9 @@ struct ListadoHoja {
 
 // Writes the listing to the file, replacing it. Checks the whole listing
 // first, so nothing is written for a listing that does not hold together.
-// Throws ErrorBd with a Spanish message when a value does not fit its
-// column, the chart names columns the listing lacks, or the file cannot be
-// written (the library's own text in Detalle()).
+// Throws ErrorDiseno with a Spanish message when a value does not fit its
+// column or the chart names columns the listing lacks, ErrorDispositivo when
+// the file cannot be written (the library's own text in Detalle()).
 void EscribeHojaXlsx(const ListadoHoja& listado, const QString& fichero);
 
 } // namespace vk::informe

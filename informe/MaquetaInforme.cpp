@@ -1,8 +1,9 @@
 #include "MaquetaInforme.h"
 
 #include "Formula.h"
+#include "MensajesInforme.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <Formato.h>
 #include <QDate>
 #include <QFontMetricsF>
@@ -173,8 +174,7 @@ QVariant Maquetador::valor(const ObjetoInforme& o, int fila, const InfoPagina& p
     case TipoObjeto::Campo: {
         QVariant v;
         if (!ctx.Campo(o.Texto.mid(o.Texto.lastIndexOf(u'.') + 1), v)) {
-            throw ErrorBd(QStringLiteral("El campo %1 del objeto %2 no está en los datos.")
-                              .arg(o.Texto, o.Name));
+            throw ErrorDiseno(mensajes::kCampoFueraDeDatos.arg(o.Texto, o.Name));
         }
         return v;
     }
@@ -195,7 +195,7 @@ QVariant Maquetador::valor(const ObjetoInforme& o, int fila, const InfoPagina& p
         if (mismo(o.Texto, QStringLiteral("PrintDate"))) {
             return QDate::currentDate();
         }
-        throw ErrorBd(QStringLiteral("Campo especial desconocido: %1.").arg(o.Texto));
+        throw ErrorDiseno(mensajes::kCampoEspecialDesconocido.arg(o.Texto));
     default:
         return {};
     }
@@ -532,8 +532,7 @@ std::vector<int> Maquetador::filasEnlazadas(Reporte& sub, const ObjetoInforme& o
     QVariant v;
     const int c = ds.indice(propia);
     if (c < 0 || !Contexto(d_, r_.FormulaFields, fila).Campo(principal, v)) {
-        throw ErrorBd(QStringLiteral("El enlace %1 del subinforme %2 no está en los datos.")
-                          .arg(o.Enlace, o.Texto));
+        throw ErrorDiseno(mensajes::kEnlaceFueraDeDatos.arg(o.Enlace, o.Texto));
     }
     for (int i = 0; i < n; ++i) {
         const QVariant& w = ds.filas[static_cast<size_t>(i)][static_cast<size_t>(c)];

@@ -71,7 +71,7 @@ struct InformeMaquetado {
 };
 
 // Reads the records when needed and lays the report out for a device of
-// that resolution (its logical dpi and fonts). Throws ErrorBd on a formula
+// that resolution (its logical dpi and fonts). Throws ErrorDiseno on a formula
 // error or a column, link or special field that is not there.
 InformeMaquetado MaquetaInforme(Reporte& reporte, const QPaintDevice& medidas);
 

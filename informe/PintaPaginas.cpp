@@ -1,6 +1,8 @@
 #include "PintaPaginas.h"
 
-#include <ErrorBd.h>
+#include "MensajesInforme.h"
+
+#include <Error.h>
 #include <QPagedPaintDevice>
 #include <QPainter>
 
@@ -90,8 +92,7 @@ void Pintor::pinta(const ElementoInforme& e, int pagina) {
 std::vector<Pintado> PintaInforme(const InformeMaquetado& informe, QPagedPaintDevice& dispositivo) {
     QPainter p;
     if (!p.begin(&dispositivo)) {
-        throw ErrorBd(
-            QStringLiteral("No se puede dibujar el informe %1 en el destino.").arg(informe.nombre));
+        throw ErrorDispositivo(mensajes::kNoSeDibuja.arg(informe.nombre));
     }
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::TextAntialiasing);

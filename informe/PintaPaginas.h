@@ -30,7 +30,7 @@ struct Pintado {
 
 // Paints the pages on the device, whose page is already set to the report's
 // paper; the layout must have been made for this device's resolution.
-// Throws ErrorBd when the device cannot be painted on.
+// Throws ErrorDispositivo when the device cannot be painted on.
 std::vector<Pintado> PintaInforme(const InformeMaquetado& informe, QPagedPaintDevice& dispositivo);
 
 } // namespace vk::informe

@@ -20,7 +20,8 @@ struct ResultadoRender {
 
 // Reads the records when needed, sets the device's page to the report's paper
 // (no margins: the report places everything), and paints every page. Throws
-// ErrorBd on a formula error or a device that cannot be painted on.
+// ErrorDiseno on a formula error, ErrorDispositivo on a device that cannot be
+// painted on.
 ResultadoRender RenderizaInforme(Reporte& reporte, QPagedPaintDevice& dispositivo);
 
 } // namespace vk::informe

@@ -1,6 +1,8 @@
 #include "Reporte.h"
 
-#include <ErrorBd.h>
+#include "MensajesInforme.h"
+
+#include <Error.h>
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -38,7 +40,7 @@ ObjetoInforme& Seccion::Objeto(const QString& nombre) {
     if (ObjetoInforme* o = Busca(nombre)) {
         return *o;
     }
-    throw ErrorBd(QStringLiteral("La sección %1 no tiene el objeto %2.").arg(Name, nombre));
+    throw ErrorDiseno(mensajes::kSeccionSinObjeto.arg(Name, nombre));
 }
 
 int Reporte::AnchoDescripcion(int figura) const {
@@ -55,8 +57,7 @@ int Reporte::AnchoDescripcion(int figura) const {
 
 Reporte& Reporte::Subreport(int indice) {
     if (indice < 1 || indice > static_cast<int>(Subreportes.size())) {
-        throw ErrorBd(
-            QStringLiteral("El informe %1 no tiene el subinforme %2.").arg(Name).arg(indice));
+        throw ErrorDiseno(mensajes::kSinSubinforme.arg(Name).arg(indice));
     }
     return *Subreportes[static_cast<size_t>(indice - 1)];
 }
@@ -67,7 +68,7 @@ Reporte& Reporte::OpenSubreport(const QString& nombre) {
             return *s;
         }
     }
-    throw ErrorBd(QStringLiteral("El informe %1 no tiene el subinforme %2.").arg(Name, nombre));
+    throw ErrorDiseno(mensajes::kSinSubinforme.arg(Name, nombre));
 }
 
 FormulaField* ColeccionFormulas::Busca(const QString& nombre) {
@@ -93,7 +94,7 @@ FormulaField& ColeccionFormulas::GetItemByName(const QString& nombre) {
     if (FormulaField* f = Busca(nombre)) {
         return *f;
     }
-    throw ErrorBd(QStringLiteral("El informe no tiene la fórmula %1.").arg(nombre));
+    throw ErrorDiseno(mensajes::kSinFormula.arg(nombre));
 }
 
 void ColeccionFormulas::Agrega(const QString& nombre, const QString& texto) {
@@ -117,12 +118,12 @@ Seccion& ColeccionSecciones::Item(const QString& nombre) {
     if (Seccion* s = Busca(nombre)) {
         return *s;
     }
-    throw ErrorBd(QStringLiteral("El informe no tiene la sección %1.").arg(nombre));
+    throw ErrorDiseno(mensajes::kSinSeccion.arg(nombre));
 }
 
 Seccion& ColeccionSecciones::Item(int indice) {
     if (indice < 1 || indice > Count()) {
-        throw ErrorBd(QStringLiteral("El informe no tiene la sección %1.").arg(indice));
+        throw ErrorDiseno(mensajes::kSinSeccion.arg(indice));
     }
     return items_[static_cast<size_t>(indice - 1)];
 }
@@ -142,7 +143,7 @@ void TablaInforme::SetDataSource(const Recordset& rs, int) {
 
 TablaInforme& TablasInforme::Item(int indice) {
     if (indice != 1) {
-        throw ErrorBd(QStringLiteral("El informe no tiene la tabla %1.").arg(indice));
+        throw ErrorDiseno(mensajes::kSinTabla.arg(indice));
     }
     return tabla_;
 }
@@ -160,7 +161,7 @@ ObjetoInforme& Reporte::Objeto(const QString& nombre) {
     if (ObjetoInforme* o = BuscaObjeto(nombre)) {
         return *o;
     }
-    throw ErrorBd(QStringLiteral("El informe %1 no tiene el objeto %2.").arg(Name, nombre));
+    throw ErrorDiseno(mensajes::kInformeSinObjeto.arg(Name, nombre));
 }
 
 void Reporte::ReadRecords() {
@@ -169,7 +170,7 @@ void Reporte::ReadRecords() {
     }
     const std::optional<Recordset>& origen = Database.Tables.Item(1).origen();
     if (!origen) {
-        throw ErrorBd(QStringLiteral("El informe %1 no tiene origen de datos.").arg(Name));
+        throw ErrorDiseno(mensajes::kSinOrigenDatos.arg(Name));
     }
     Recordset rs = *origen;
     DatosInforme d;
@@ -188,8 +189,7 @@ void Reporte::ReadRecords() {
     for (const Grupo& g : Grupos) {
         const int c = d.indice(g.Campo);
         if (c < 0) {
-            throw ErrorBd(QStringLiteral("El informe %1 agrupa por %2, que no está en los datos.")
-                              .arg(Name, g.Campo));
+            throw ErrorDiseno(mensajes::kGrupoFueraDeDatos.arg(Name, g.Campo));
         }
         columnasGrupo.push_back(c);
     }

@@ -103,7 +103,7 @@ public:
     std::vector<ObjetoInforme> Objetos;
 
     ObjetoInforme* Busca(const QString& nombre);
-    ObjetoInforme& Objeto(const QString& nombre); // throws ErrorBd when absent
+    ObjetoInforme& Objeto(const QString& nombre); // throws ErrorDiseno when absent
 };
 
 // A grouping of the rows by the value of a column, outermost first.
@@ -122,7 +122,7 @@ public:
 
 class ColeccionFormulas {
 public:
-    // Throws ErrorBd when the design has no formula of that name, as the
+    // Throws ErrorDiseno when the design has no formula of that name, as the
     // engine failed on a misspelt name.
     FormulaField& GetItemByName(const QString& nombre);
     FormulaField* Busca(const QString& nombre);
@@ -139,7 +139,7 @@ private:
 
 class ColeccionSecciones {
 public:
-    Seccion& Item(const QString& nombre); // throws ErrorBd when absent
+    Seccion& Item(const QString& nombre); // throws ErrorDiseno when absent
     Seccion& Item(int indice);            // 1-based
     Seccion* Busca(const QString& nombre);
     int Count() const { return static_cast<int>(items_.size()); }
@@ -205,10 +205,10 @@ public:
     // The subreports in the order their data is bound, each with its own
     // Database.Tables.Item(1).
     std::vector<std::unique_ptr<Reporte>> Subreportes;
-    Reporte& Subreport(int indice);                // 1-based; throws ErrorBd when absent
-    Reporte& OpenSubreport(const QString& nombre); // throws ErrorBd when absent
+    Reporte& Subreport(int indice);                // 1-based; throws ErrorDiseno when absent
+    Reporte& OpenSubreport(const QString& nombre); // throws ErrorDiseno when absent
 
-    // The object of that name in any section; throws ErrorBd when absent.
+    // The object of that name in any section; throws ErrorDiseno when absent.
     ObjetoInforme& Objeto(const QString& nombre);
     ObjetoInforme* BuscaObjeto(const QString& nombre);
 
@@ -219,7 +219,7 @@ public:
     void DiscardSavedData() { guardados_.reset(); }
     // Reads the bound rows into the saved data, ordered by the groups (a
     // stable sort, so the rows keep their order within a group). Does nothing
-    // when there is saved data already. Throws ErrorBd without a data source.
+    // when there is saved data already. Throws ErrorDiseno without a data source.
     void ReadRecords();
     const DatosInforme& Datos(); // reads the records when needed
 

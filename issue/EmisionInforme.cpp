@@ -1,10 +1,11 @@
 #include "EmisionInforme.h"
 
+#include "MensajesEmision.h"
 #include "OpcionesInforme.h"
 #include "SqlFacturas.h"
 
 #include <DisenoInforme.h>
-#include <ErrorBd.h>
+#include <Error.h>
 #include <QFileInfo>
 #include <QPdfWriter>
 #include <RenderizadorInforme.h>
@@ -90,7 +91,7 @@ void EscribePdf(informe::Reporte& reporte, const QString& ficheroPdf) {
         informe::RenderizaInforme(reporte, pdf);
     }
     if (!QFileInfo(ficheroPdf).exists()) {
-        throw ErrorBd(QStringLiteral("No se ha podido escribir el fichero %1.").arg(ficheroPdf));
+        throw ErrorDispositivo(mensajes::kPdfNoEscrito.arg(ficheroPdf));
     }
 }
 

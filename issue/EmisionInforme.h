@@ -20,8 +20,8 @@ struct EmpresaEmision {
 // Reads Parametros and the province's name. Without a row every text is empty.
 EmpresaEmision CargaEmpresa(BdSesion& bd);
 
-// Paints the bound report into a PDF file; throws ErrorBd when it cannot be
-// written.
+// Paints the bound report into a PDF file; throws ErrorDispositivo when it
+// cannot be written.
 void EscribePdf(informe::Reporte& reporte, const QString& ficheroPdf);
 
 struct ContextoInforme;
@@ -30,7 +30,8 @@ struct ContextoInforme;
 // prepared as a run of the PDF route with that context prepares it.
 // Returns the file written, or an empty text when the ids find no rows (an
 // empty list, or invoices without notes), when nothing is written. Throws
-// ErrorBd on a database, design or file error.
+// ErrorBd, ErrorDiseno or ErrorDispositivo on a database, design or file
+// error.
 QString RenderizaFacturasPdf(BdSesion& bd, const QVector<qint32>& ids, const QString& nombreReporte,
                              const QString& ficheroPdf, const ContextoInforme& contexto);
 

@@ -1,7 +1,9 @@
 #include "Ficheros.h"
 
+#include "MensajesEmision.h"
+
 #include <DisenoInforme.h>
-#include <ErrorBd.h>
+#include <Error.h>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
@@ -22,8 +24,7 @@ bool fnExisteFichero(const QString& fichero) {
 void msRegistraDisenos() {
     const QFileInfo disenos(informe::CarpetaDisenos());
     if (disenos.exists() && (!disenos.isDir() || !disenos.isReadable())) {
-        throw ErrorBd(
-            QStringLiteral("No se puede leer la carpeta de diseños %1.").arg(disenos.filePath()));
+        throw ErrorDispositivo(mensajes::kCarpetaDisenosIlegible.arg(disenos.filePath()));
     }
 }
 
@@ -31,16 +32,16 @@ bool fnAbreFichero(const QString& fichero) {
     // The texts of the legacy error table, by the cause found here.
     const QFileInfo info(fichero);
     if (!info.dir().exists()) {
-        throw ErrorBd(QStringLiteral("Path not found"));
+        throw ErrorDispositivo(mensajes::kRutaNoEncontrada);
     }
     if (!info.exists()) {
-        throw ErrorBd(QStringLiteral("File not found"));
+        throw ErrorDispositivo(mensajes::kFicheroNoEncontrado);
     }
     if (!info.isReadable()) {
-        throw ErrorBd(QStringLiteral("Path/file access error"));
+        throw ErrorDispositivo(mensajes::kAccesoDenegado);
     }
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(fichero))) {
-        throw ErrorBd(QStringLiteral("No application is associated with this file type."));
+        throw ErrorDispositivo(mensajes::kSinAplicacionAsociada);
     }
     return true;
 }

@@ -17,7 +17,7 @@ bool fnExisteFichero(const QString& fichero);
 // issue checks that the installation's designs folder can be read.
 void msRegistraDisenos();
 
-// Opens the file with the desktop's program. Throws ErrorBd with the legacy
+// Opens the file with the desktop's program. Throws ErrorDispositivo with the legacy
 // text of the failure ("File not found", "No application is associated with
 // this file type." ...).
 bool fnAbreFichero(const QString& fichero);

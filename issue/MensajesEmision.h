@@ -22,4 +22,14 @@ inline const QString kImpresoraNoValida =
 // Prompt of the footwear design for the volume line.
 inline const QString kVolumen = QStringLiteral("Volumen: ");
 
+inline const QString kCarpetaDisenosIlegible =
+    QStringLiteral("No se puede leer la carpeta de diseños %1.");
+inline const QString kPdfNoEscrito = QStringLiteral("No se ha podido escribir el fichero %1.");
+// The legacy texts of a file that the desktop could not open, by cause.
+inline const QString kRutaNoEncontrada = QStringLiteral("Path not found");
+inline const QString kFicheroNoEncontrado = QStringLiteral("File not found");
+inline const QString kAccesoDenegado = QStringLiteral("Path/file access error");
+inline const QString kSinAplicacionAsociada =
+    QStringLiteral("No application is associated with this file type.");
+
 } // namespace vk::mensajes

@@ -28,10 +28,10 @@ QString FicheroInformeImpresora(const QString& ruta, bool trasTexto);
 
 // Delivers the report by f.Tipo_Emision: 0 the viewer model frmVisor, 1 the
 // chosen printer (NumCopias copies, one job), 2 the PDF "F_<number>.pdf" of
-// the first row (PdfOutFile), 3 mail (throws ErrorBd: not yet available), and
+// the first row (PdfOutFile), 3 mail (throws ErrorDispositivo: not yet available), and
 // nothing above 3. `filas` are the invoice rows the report was bound to: the
 // first names the document, all of them fill the viewer's list. Throws
-// ErrorBd on a printer or file failure.
+// ErrorDispositivo on a printer or file failure.
 void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> reporte,
                     const Recordset& filas, const OpcionesRuta& opciones = {});
 

@@ -1,7 +1,9 @@
 #include "SpoolIncorporado.h"
 
+#include "MensajesSuite.h"
+
 #include <Ajustes.h>
-#include <ErrorBd.h>
+#include <Error.h>
 #include <Interaccion.h>
 #include <QProcess>
 #include <QStandardPaths>
@@ -78,7 +80,7 @@ void SpoolIncorporado::printline(const QString& texto) {
     const QByteArray bytes = ConvierteCodigoPagina(texto, CodigoPagina);
     if (esFichero()) {
         if (fichero_.write(bytes) != bytes.size()) {
-            throw ErrorBd(mensajes::kSpoolFichero.arg(Impresora));
+            throw ErrorDispositivo(mensajes::kSpoolFichero.arg(Impresora));
         }
     } else {
         trabajo_.append(bytes);
@@ -94,7 +96,7 @@ void SpoolIncorporado::CloseDevice() {
         const bool ok = fichero_.flush();
         fichero_.close();
         if (!ok) {
-            throw ErrorBd(mensajes::kSpoolFichero.arg(Impresora));
+            throw ErrorDispositivo(mensajes::kSpoolFichero.arg(Impresora));
         }
         return;
     }
@@ -109,7 +111,7 @@ void SpoolIncorporado::CloseDevice() {
     trabajo_.clear();
     if (!lp.waitForFinished(kEsperaLpMs) || lp.exitStatus() != QProcess::NormalExit ||
         lp.exitCode() != 0) {
-        throw ErrorBd(mensajes::kSpoolColaRechaza.arg(
+        throw ErrorDispositivo(mensajes::kSpoolColaRechaza.arg(
             Impresora, QString::fromLocal8Bit(lp.readAllStandardError()).trimmed()));
     }
 }

@@ -14,12 +14,6 @@
 
 namespace vk::suite {
 
-namespace mensajes {
-inline const QString kSpoolColaRechaza =
-    QStringLiteral("La cola de impresión «%1» no ha aceptado el trabajo: %2");
-inline const QString kSpoolFichero = QStringLiteral("No se ha podido escribir en el fichero %1.");
-} // namespace mensajes
-
 // The default queue named by the output of "lpstat -d" (in the C locale),
 // empty when there is none: lpstat says so and still ends well, and lp
 // would fail later with its own English text.

@@ -5,6 +5,7 @@
 #include "Formato.h"
 #include "LanzadorPantallas.h"
 #include "MensajesCore.h"
+#include "MensajesSuite.h"
 #include "Redondeo.h"
 #include "Vencimientos.h"
 
@@ -57,17 +58,17 @@ QString cobroDe(const std::vector<Plazo>& plazos, qint16 nCompensa, const QStrin
 void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
     sCobro_.clear();
     if (!MyBd) {
-        throw ErrorBd(mensajes::kTesoreriaSinSesion);
+        throw Error(mensajes::kTesoreriaSinSesion);
     }
     if (idfactura <= 0) {
-        throw ErrorBd(mensajes::kTesoreriaSinFactura);
+        throw ErrorRegla(mensajes::kTesoreriaSinFactura);
     }
     const qint32 numero = NumeroFactura != 0 ? NumeroFactura : NumFactura;
     const QString factura = SerieFactura.trimmed().isEmpty()
                                 ? QString::number(numero)
                                 : SerieFactura.trimmed() + u'/' + QString::number(numero);
     if (!FechaFactura.isValid()) {
-        throw ErrorBd(mensajes::kTesoreriaSinFecha.arg(factura));
+        throw ErrorRegla(mensajes::kTesoreriaSinFecha.arg(factura));
     }
     Conexion& cn = MyBd->cn();
 
@@ -151,7 +152,7 @@ void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
 void TesoreriaIncorporada::jManteRecibos(qint32 idRecibo) {
     LanzadorPantallas* lanzador = LanzadorActual();
     if (!lanzador) {
-        throw ErrorBd(vk::mensajes::kSinLanzador.arg(kPantallaRecibos));
+        throw Error(vk::mensajes::kSinLanzador.arg(kPantallaRecibos));
     }
     lanzador->Muestra(
         {kPantallaRecibos,

@@ -8,18 +8,6 @@
 
 namespace vk::suite {
 
-// Messages shown to people, each defined once.
-namespace mensajes {
-inline const QString kTesoreriaSinSesion = QStringLiteral(
-    "La tesorería no tiene sesión de base de datos: asigne MyBd antes de calcular los recibos.");
-inline const QString kTesoreriaSinFactura =
-    QStringLiteral("No se pueden calcular los recibos: no se ha indicado la factura.");
-inline const QString kTesoreriaSinFecha =
-    QStringLiteral("No se pueden calcular los recibos de la factura %1: no tiene fecha.");
-inline const QString kTesoreriaErrorRecibo =
-    QStringLiteral("No se ha podido grabar el recibo de la factura %1: %2");
-} // namespace mensajes
-
 // Modes of a receipt (Situaciones process 2) that decide the collection.
 inline constexpr int kModoTarjeta = 7;
 // Description of the card mode, the third piece of a card collection.
@@ -43,8 +31,9 @@ public:
     //   new due date, joined by "#".
     // - sCobro() is set from the terms, whether receipts were written or not.
     //
-    // Throws ErrorBd without MyBd, without an invoice id or date, and when a
-    // receipt cannot be written (code kBuilder, with the server's text).
+    // Throws Error without MyBd, ErrorRegla without an invoice id or date, and
+    // ErrorBd when a receipt cannot be written (code kBuilder, with the
+    // server's text).
     void Calculo_Vtos_Factura(qint16 nCompensa = 0) override;
 
     // The collection for the posting, after Calculo_Vtos_Factura:
@@ -62,7 +51,7 @@ public:
     QString sCobro() const override { return sCobro_; }
 
     // Opens the maintenance screen of receipt `idRecibo` through the host's
-    // launcher, with the arguments "idRecibo" and "bCobPag". Throws ErrorBd
+    // launcher, with the arguments "idRecibo" and "bCobPag". Throws Error
     // when the host registered no launcher.
     void jManteRecibos(qint32 idRecibo) override;
 

@@ -1,6 +1,7 @@
 #include "InteraccionQt.h"
 
 #include "DialogoBusca.h"
+#include "MensajesUi.h"
 #include "RegistroVistas.h"
 
 #include <QApplication>
@@ -32,7 +33,7 @@ QMessageBox::Icon iconoDe(Icono icono) {
 }
 
 QString tituloO(const QString& titulo) {
-    return titulo.isEmpty() ? QStringLiteral("Facturación de ventas") : titulo;
+    return titulo.isEmpty() ? mensajes::kTituloFacturacion : titulo;
 }
 
 } // namespace

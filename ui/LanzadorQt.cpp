@@ -12,7 +12,7 @@ void LanzadorQt::Muestra(const PeticionPantalla& peticion) {
         return;
     }
     Ui().Mensaje(TextoNoDisponible(peticion.pantalla), Icono::Informacion,
-                 QStringLiteral("Facturación de ventas"));
+                 mensajes::kTituloFacturacion);
 }
 
 } // namespace vk::ui

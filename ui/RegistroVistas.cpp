@@ -30,18 +30,18 @@ template <class Modelo, class Vista> std::pair<std::type_index, VistaDialogo> di
 // database, so a failure there is told and the screen does not open.
 template <class Modelo, class Vista>
 std::pair<QString, VistaPantalla> pantalla(const char* nombre) {
-    return {
-        QString::fromLatin1(nombre), [](VKFACVENTAS& f, const PeticionPantalla&, QWidget* padre) {
-            std::unique_ptr<Modelo> modelo;
-            try {
-                modelo = std::make_unique<Modelo>(f);
-            } catch (const Error& e) {
-                Ui().Mensaje(e.Mensaje(), Icono::Error, QStringLiteral("Facturación de ventas"));
-                return;
-            }
-            Vista vista(*modelo, padre);
-            vista.exec();
-        }};
+    return {QString::fromLatin1(nombre),
+            [](VKFACVENTAS& f, const PeticionPantalla&, QWidget* padre) {
+                std::unique_ptr<Modelo> modelo;
+                try {
+                    modelo = std::make_unique<Modelo>(f);
+                } catch (const Error& e) {
+                    Ui().Mensaje(e.Mensaje(), Icono::Error, mensajes::kTituloFacturacion);
+                    return;
+                }
+                Vista vista(*modelo, padre);
+                vista.exec();
+            }};
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 // the port and the launcher only look up.
 #pragma once
 
+#include "MensajesUi.h"
+
 #include <LanzadorPantallas.h>
 #include <QString>
 #include <functional>
@@ -24,7 +26,7 @@ using VistaPantalla =
 
 // What a screen or dialog without a view answers.
 inline QString TextoNoDisponible(const QString& nombre) {
-    return QStringLiteral("Esta pantalla todavía no está disponible: %1").arg(nombre);
+    return mensajes::kPantallaNoDisponible.arg(nombre);
 }
 
 // Null when no view is registered for it.

@@ -1,6 +1,7 @@
 #include "VistaVisor.h"
 
 #include "Controles.h"
+#include "MensajesUi.h"
 
 #include <ErrorBd.h>
 #include <Interaccion.h>
@@ -100,7 +101,7 @@ bool VistaVisor::Pinta(QPagedPaintDevice& dispositivo) {
 
 bool VistaVisor::GuardaPdf(const QString& fichero) {
     QPdfWriter escritor(fichero);
-    escritor.setCreator(QStringLiteral("Facturación de ventas"));
+    escritor.setCreator(mensajes::kTituloFacturacion);
     return Pinta(escritor);
 }
 
@@ -124,8 +125,8 @@ void VistaVisor::guardaComo() {
         fichero += QStringLiteral(".pdf");
     }
     if (GuardaPdf(fichero)) {
-        Ui().Mensaje(QStringLiteral("Se ha guardado el documento en %1").arg(fichero),
-                     Icono::Informacion, modelo_.Caption);
+        Ui().Mensaje(mensajes::kDocumentoGuardado.arg(fichero), Icono::Informacion,
+                     modelo_.Caption);
     }
 }
 

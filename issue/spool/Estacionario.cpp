@@ -1,6 +1,8 @@
 #include "Estacionario.h"
 
-#include <ErrorBd.h>
+#include "MensajesSpool.h"
+
+#include <Error.h>
 #include <Ficheros.h>
 #include <QDir>
 #include <QFile>
@@ -28,7 +30,7 @@ int Estacionario::operator()(const char* nombre) const {
             return valor;
         }
     }
-    throw ErrorBd(QStringLiteral("El diseño de texto no tiene la medida «%1».").arg(n));
+    throw ErrorDiseno(mensajes::kSinMedida.arg(n));
 }
 
 bool Estacionario::Tiene(const QString& nombre) const {
@@ -69,15 +71,14 @@ void Estacionario::Carga(const QString& clave) {
         return;
     }
     if (!fichero.open(QIODevice::ReadOnly)) {
-        throw ErrorBd(QStringLiteral("No se puede leer el fichero de medidas %1.").arg(ruta));
+        throw ErrorDiseno(mensajes::kMedidasIlegibles.arg(ruta));
     }
     QJsonParseError error;
     const QJsonDocument doc = QJsonDocument::fromJson(fichero.readAll(), &error);
     if (error.error != QJsonParseError::NoError || !doc.isObject()) {
-        throw ErrorBd(QStringLiteral("El fichero de medidas %1 no es un objeto JSON válido: %2.")
-                          .arg(ruta, error.error != QJsonParseError::NoError
-                                         ? error.errorString()
-                                         : QStringLiteral("se esperaba {\"nombre\": número}")));
+        throw ErrorDiseno(mensajes::kMedidasNoJson.arg(
+            ruta, error.error != QJsonParseError::NoError ? error.errorString()
+                                                          : mensajes::kMedidasSeEsperabaObjeto));
     }
     // Checked whole before anything changes: a bad file leaves the built-in
     // figures as they were.
@@ -85,16 +86,12 @@ void Estacionario::Carga(const QString& clave) {
     QList<QPair<QString, int>> cambios;
     for (auto it = objeto.begin(); it != objeto.end(); ++it) {
         if (!Tiene(it.key())) {
-            throw ErrorBd(QStringLiteral("El fichero de medidas %1 nombra «%2», que este diseño no "
-                                         "tiene. Las medidas de este diseño son: %3.")
-                              .arg(ruta, it.key(), Nombres().join(QStringLiteral(", "))));
+            throw ErrorDiseno(
+                mensajes::kMedidaAjena.arg(ruta, it.key(), Nombres().join(QStringLiteral(", "))));
         }
         const double v = it.value().toDouble(-1);
         if (!it.value().isDouble() || v < 0 || v > kMaximo || std::floor(v) != v) {
-            throw ErrorBd(QStringLiteral("En el fichero de medidas %1, «%2» debe ser un número "
-                                         "entero entre 0 y %3.")
-                              .arg(ruta, it.key())
-                              .arg(kMaximo));
+            throw ErrorDiseno(mensajes::kMedidaNoEntera.arg(ruta, it.key()).arg(kMaximo));
         }
         cambios.append({it.key(), static_cast<int>(v)});
     }

@@ -18,7 +18,7 @@ public:
     Estacionario(std::initializer_list<std::pair<const char*, int>> defectos);
 
     // The figure by name. A name the table lacks is a slip of the layout's
-    // own code and throws ErrorBd.
+    // own code and throws ErrorDiseno.
     int operator()(const char* nombre) const;
     bool Tiene(const QString& nombre) const;
     // Adds a figure or changes one (a member adds to the skeleton's table).
@@ -28,7 +28,7 @@ public:
     // Overrides the figures with the installation's file of the key, when
     // there is one. A file that cannot be read, is not a JSON object, names a
     // figure the layout does not have or gives anything but a whole number
-    // from 0 to 999 throws ErrorBd with a Spanish message naming the file:
+    // from 0 to 999 throws ErrorDiseno with a Spanish message naming the file:
     // nothing is printed with half a table.
     void Carga(const QString& clave);
 

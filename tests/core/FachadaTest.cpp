@@ -3,7 +3,7 @@
 #include "BasePrueba.h"
 #include "EmisorAnotado.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <InteraccionGuion.h>
 #include <LanzadorPantallas.h>
 #include <MensajesCore.h>
@@ -93,7 +93,7 @@ TEST_P(Fachada, ScreenEntriesGoThroughTheLauncher) {
     try {
         f.jFacturasVenta();
         FAIL();
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         EXPECT_EQ(e.Mensaje(), mensajes::kSinLanzador.arg(QStringLiteral("frmFacturasVenta")));
     }
 }
@@ -153,8 +153,8 @@ TEST_P(Fachada, SimpleIssueFindsTheInvoice) {
 TEST(FachadaSinSesion, UsingItBeforeMyBdIsAClearError) {
     VKFACVENTAS f;
     EXPECT_FALSE(f.TieneSesion());
-    EXPECT_THROW(f.MyBd(), ErrorBd);
-    EXPECT_THROW(CreaObjeto(QStringLiteral("VKNADA.NoExiste")), ErrorBd);
+    EXPECT_THROW(f.MyBd(), Error);
+    EXPECT_THROW(CreaObjeto(QStringLiteral("VKNADA.NoExiste")), Error);
 }
 
 VK_EN_AMBOS_MOTORES(Fachada);

@@ -1,7 +1,7 @@
 // Fixed-width columns and code pages, shared by the printer layouts and the
 // exchange files: a column keeps its width in bytes whatever the value.
 #include <CodigoPagina.h>
-#include <ErrorBd.h>
+#include <Error.h>
 #include <TextoFijo.h>
 #include <gtest/gtest.h>
 
@@ -21,7 +21,8 @@ TEST(TextoFijo, TextIsInTheCodePageBeforeItIsMeasured) {
     // An exchange file in CP1252 keeps the euro sign in its one byte.
     EXPECT_EQ(ConvierteCodigoPagina(QStringLiteral("€ñ"), QStringLiteral("CP1252")),
               QByteArray("\x80\xf1"));
-    EXPECT_THROW(AjustaCodigoPagina(QStringLiteral("€"), QStringLiteral("NO-EXISTE-850")), ErrorBd);
+    EXPECT_THROW(AjustaCodigoPagina(QStringLiteral("€"), QStringLiteral("NO-EXISTE-850")),
+                 ErrorDispositivo);
 }
 
 TEST(TextoFijo, MasksPadToTheWidthAndNeverCut) {

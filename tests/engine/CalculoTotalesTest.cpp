@@ -1,7 +1,7 @@
 // Invoices computed by hand, to the cent, against the engine.
 #include "EmpresaPrueba.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <Redondeo.h>
 
 namespace vk::prueba {
@@ -201,7 +201,7 @@ TEST_P(Totales, LineWithoutTaxRowIsAClearError) {
     const qint32 a = e->albaran(c, kHoy, 1, {{100, 1, 1}});
     e->cn().Execute(QStringLiteral("UPDATE Lav SET Lav_Tiva = 0 WHERE Lav_IdCav = ?"), {a});
     e->nuevaFactura(c, kHoy, {a});
-    EXPECT_THROW(e->factura().CalculoTotalesFactura(), ErrorBd);
+    EXPECT_THROW(e->factura().CalculoTotalesFactura(), ErrorRegla);
 }
 
 // Each slot is filled whole through its type: one tax group, its VAT and

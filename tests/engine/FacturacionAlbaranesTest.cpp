@@ -176,7 +176,7 @@ TEST_P(Facturacion, NotesGroupAsTheBatchWouldOrAreRefusedWithTheReason) {
     const auto rechazo = [&](const std::vector<qint32>& ids) {
         try {
             fnGrupoDeAlbaranes(e->bd(), ids);
-        } catch (const ErrorBd& error) {
+        } catch (const ErrorRegla& error) {
             return error.Mensaje();
         }
         return QString();

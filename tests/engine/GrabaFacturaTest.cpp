@@ -3,7 +3,7 @@
 // scenarios: invoice, save, change, save again.
 #include "EmpresaPrueba.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <MensajesCore.h>
 #include <MensajesMotor.h>
 #include <Recibos.h>
@@ -206,7 +206,7 @@ TEST_P(Graba, PostingOnSaveNeedsAllFourConditions) {
     try {
         f.GrabaFactura(true);
         FAIL() << "se esperaba el aviso de contabilización no disponible";
-    } catch (const ErrorBd& error) {
+    } catch (const Error& error) {
         EXPECT_EQ(error.Mensaje(), mensajes::kSinContabilizacion);
     }
     // The header and the receipts are written before the posting is reached.

@@ -2,7 +2,7 @@
 // series of a company, as fast as it can.
 //   vk_proceso_numeracion CADENA CLIENTE N
 #include <BdSesion.h>
-#include <ErrorBd.h>
+#include <Error.h>
 #include <InteraccionGuion.h>
 #include <QCoreApplication>
 #include <VKFACVENTAS.h>
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
             }
             ui.dialogos.clear();
         }
-    } catch (const vk::ErrorBd& e) {
+    } catch (const vk::Error& e) {
         std::fprintf(stderr, "%s\n", e.Mensaje().toUtf8().constData());
         return 1;
     }

@@ -1,7 +1,7 @@
 // Invoices of a series run in order of date: the checks and their messages.
 #include "EmpresaPrueba.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <MensajesMotor.h>
 #include <ReglasFecha.h>
 
@@ -38,7 +38,7 @@ TEST_P(Fechas, NewInvoiceDateNotBeforeTheSeriesLast) {
     EXPECT_EQ(e->ui().vistos[0].titulo, QStringLiteral("Verificación de la fecha factura"));
     EXPECT_EQ(e->ui().vistos[0].icono, Icono::Error);
     EXPECT_THROW(f.VerificarFechaFactura(QStringLiteral("A"), QStringLiteral("31/02/2026")),
-                 ErrorBd);
+                 ErrorRegla);
 }
 
 TEST_P(Fechas, EditedDateStaysBetweenItsNeighboursByNumber) {
@@ -76,7 +76,7 @@ TEST(LecturaFecha, PeopleTypeDatesSeveralWays) {
     EXPECT_EQ(fnLeeFecha(QStringLiteral("5/3/2026")), QDate(2026, 3, 5));
     EXPECT_EQ(fnLeeFecha(QStringLiteral("5/3/26")), QDate(2026, 3, 5));
     EXPECT_EQ(fnLeeFecha(QStringLiteral("2026-03-05")), QDate(2026, 3, 5));
-    EXPECT_THROW(fnLeeFecha(QStringLiteral("ayer")), ErrorBd);
+    EXPECT_THROW(fnLeeFecha(QStringLiteral("ayer")), ErrorRegla);
 }
 
 } // namespace

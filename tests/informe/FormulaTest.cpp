@@ -1,5 +1,5 @@
 // Formula texts as the issue code writes them and as the designs use them.
-#include <ErrorBd.h>
+#include <Error.h>
 #include <Formula.h>
 #include <QHash>
 #include <gtest/gtest.h>
@@ -104,7 +104,7 @@ TEST(Formula, FieldsFormulasConcatenationAndPieces) {
 
     for (const char* malo : {"'sin cerrar", "{Fav_Serie", "{NoExiste}", "NoExiste", "'a' 'b'",
                              "bucle", "Desconocida(1)"}) {
-        EXPECT_THROW(EvaluaFormula(QString::fromUtf8(malo), v), ErrorBd) << malo;
+        EXPECT_THROW(EvaluaFormula(QString::fromUtf8(malo), v), ErrorDiseno) << malo;
     }
 }
 

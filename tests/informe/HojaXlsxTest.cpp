@@ -1,7 +1,7 @@
 // A listing written as .xlsx and read back with openpyxl: typed cells, the
 // number formats a Spanish reader sees as 1.234,56 €, the totals row and the
 // chart; and listings that do not hold together, refused before writing.
-#include <ErrorBd.h>
+#include <Error.h>
 #include <HojaXlsx.h>
 #include <QDate>
 #include <QFile>
@@ -189,7 +189,7 @@ TEST(HojaXlsxRechazo, ListingsThatDoNotHoldTogetherWriteNothing) {
     const auto mensaje = [&](const ListadoHoja& l) {
         try {
             EscribeHojaXlsx(l, fichero);
-        } catch (const ErrorBd& e) {
+        } catch (const ErrorDiseno& e) {
             return e.Mensaje();
         }
         return QStringLiteral("(sin error)");
@@ -229,7 +229,7 @@ TEST(HojaXlsxRechazo, ListingsThatDoNotHoldTogetherWriteNothing) {
     try {
         EscribeHojaXlsx(ventas(), dir.filePath(QStringLiteral("no/existe/ventas.xlsx")));
         FAIL();
-    } catch (const ErrorBd& e) {
+    } catch (const ErrorDispositivo& e) {
         EXPECT_TRUE(
             e.Mensaje().startsWith(QStringLiteral("No se puede escribir la hoja de cálculo")))
             << e.what();

@@ -1,7 +1,7 @@
 // Pagination and painting of a report built in code, read back from the PDF.
 #include "PdfTexto.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <QPdfWriter>
 #include <QTemporaryDir>
 #include <RenderizadorInforme.h>
@@ -188,10 +188,10 @@ TEST(Renderizador, PositionsAndSuppressAreHonoured) {
 
     // A group on a column the rows lack, or a report without rows bound.
     Reporte sinDatos;
-    EXPECT_THROW(sinDatos.ReadRecords(), ErrorBd);
+    EXPECT_THROW(sinDatos.ReadRecords(), ErrorDiseno);
     r->Grupos[0].Campo = QStringLiteral("noexiste");
     r->DiscardSavedData();
-    EXPECT_THROW(r->ReadRecords(), ErrorBd);
+    EXPECT_THROW(r->ReadRecords(), ErrorDiseno);
 }
 
 // A subreport lists the rows linked to each line below it; the line's section
@@ -216,7 +216,7 @@ TEST(Renderizador, SubreportRowsFollowTheirLineByTheLink) {
                    {QStringLiteral("Línea 002"), QStringLiteral("Tuerca M4")}}));
     r->Subreportes.push_back(std::move(sub));
     EXPECT_EQ(&r->Subreport(1), &r->OpenSubreport(QStringLiteral("composicion")));
-    EXPECT_THROW(r->Subreport(2), ErrorBd);
+    EXPECT_THROW(r->Subreport(2), ErrorDiseno);
 
     ObjetoInforme o = texto(QStringLiteral("Sub1"), TipoObjeto::Subinforme,
                             QStringLiteral("Composicion"), 500, 250, 5000, 0);
@@ -244,7 +244,7 @@ TEST(Renderizador, SubreportRowsFollowTheirLineByTheLink) {
     // A link to a column the rows lack is an error of the design.
     r->OpenSubreport(QStringLiteral("Composicion"));
     r->Objeto(QStringLiteral("Sub1")).Enlace = QStringLiteral("des=noexiste");
-    EXPECT_THROW(renderiza(*r, dir.filePath(QStringLiteral("mal.pdf"))), ErrorBd);
+    EXPECT_THROW(renderiza(*r, dir.filePath(QStringLiteral("mal.pdf"))), ErrorDiseno);
 }
 
 // The layout is a value of its own: made twice for a device it is the same,

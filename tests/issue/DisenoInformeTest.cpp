@@ -1,7 +1,7 @@
 // Designs by report name: the built-in one, an installation's file that
 // replaces it, and designs that extend another.
 #include <DisenoInforme.h>
-#include <ErrorBd.h>
+#include <Error.h>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -49,9 +49,9 @@ TEST_F(Disenos, BuiltInGeneralInvoiceCarriesTheNamesTheIssueCodeSets) {
     }
     EXPECT_EQ(r->FormulaFields.GetItemByName(QStringLiteral("cCopiaFactura")).Text,
               QStringLiteral("''"));
-    EXPECT_THROW(r->FormulaFields.GetItemByName(QStringLiteral("NoExiste")), ErrorBd);
-    EXPECT_THROW(r->Sections.Item(QStringLiteral("NoExiste")), ErrorBd);
-    EXPECT_THROW(CargaDiseno(QStringLiteral("CrNoExiste")), ErrorBd);
+    EXPECT_THROW(r->FormulaFields.GetItemByName(QStringLiteral("NoExiste")), ErrorDiseno);
+    EXPECT_THROW(r->Sections.Item(QStringLiteral("NoExiste")), ErrorDiseno);
+    EXPECT_THROW(CargaDiseno(QStringLiteral("CrNoExiste")), ErrorDiseno);
 }
 
 TEST_F(Disenos, InstallationFileReplacesOrExtendsTheBuiltIn) {
@@ -116,19 +116,19 @@ TEST_F(Disenos, InstallationFileReplacesOrExtendsTheBuiltIn) {
 TEST_F(Disenos, BadDesignsAreRefusedWithAClearMessage) {
     escribe(QStringLiteral("CrA.json"), R"({"Extiende":"CrB"})");
     escribe(QStringLiteral("CrB.json"), R"({"Extiende":"CrA"})");
-    EXPECT_THROW(CargaDiseno(QStringLiteral("CrA")), ErrorBd);
+    EXPECT_THROW(CargaDiseno(QStringLiteral("CrA")), ErrorDiseno);
     escribe(QStringLiteral("CrRoto.json"), "{ no es json");
     try {
         CargaDiseno(QStringLiteral("CrRoto"));
         FAIL();
-    } catch (const ErrorBd& e) {
+    } catch (const ErrorDiseno& e) {
         EXPECT_TRUE(e.Mensaje().contains(QStringLiteral("no es válido"))) << e.what();
     }
     escribe(QStringLiteral("CrGrupo.json"),
             R"({"Sections":[{"Name":"G","Tipo":"pieGrupo","Grupo":"Nada"}]})");
-    EXPECT_THROW(CargaDiseno(QStringLiteral("CrGrupo")), ErrorBd);
+    EXPECT_THROW(CargaDiseno(QStringLiteral("CrGrupo")), ErrorDiseno);
     escribe(QStringLiteral("CrTipo.json"), R"({"Sections":[{"Name":"G","Tipo":"rara"}]})");
-    EXPECT_THROW(CargaDiseno(QStringLiteral("CrTipo")), ErrorBd);
+    EXPECT_THROW(CargaDiseno(QStringLiteral("CrTipo")), ErrorDiseno);
 }
 
 } // namespace

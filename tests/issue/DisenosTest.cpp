@@ -9,7 +9,7 @@
 
 #include <DisenoInforme.h>
 #include <EmpresaDemo.h>
-#include <ErrorBd.h>
+#include <Error.h>
 #include <Formato.h>
 #include <Formula.h>
 #include <QDir>
@@ -376,7 +376,7 @@ void compruebaExpresiones(Reporte& r, const Recordset& rs,
         }
         try {
             informe::EvaluaFormula(expresion, fila);
-        } catch (const ErrorBd& e) {
+        } catch (const Error& e) {
             ADD_FAILURE() << r.Name.toStdString() << " " << donde.toStdString() << ": "
                           << e.Mensaje().toStdString();
         }

@@ -1,7 +1,7 @@
 // The pieces the layouts are built from besides core's fixed-width columns:
 // the centred heading, the word break and the stationery table with the
 // installation's file over it.
-#include <ErrorBd.h>
+#include <Error.h>
 #include <Estacionario.h>
 #include <Ficheros.h>
 #include <LayoutSpool.h>
@@ -52,7 +52,7 @@ protected:
     QString error(Estacionario& e) {
         try {
             e.Carga(QStringLiteral("plt99"));
-        } catch (const ErrorBd& x) {
+        } catch (const ErrorDiseno& x) {
             return x.Mensaje();
         }
         return {};
@@ -69,7 +69,7 @@ TEST_F(Medidas, TheInstallationsFileOverridesTheFiguresItNames) {
     e.Carga(QStringLiteral("plt99"));
     EXPECT_EQ(e("lineasAntesCabecera"), 2);
     EXPECT_EQ(e("sangriaRaya"), 40);
-    EXPECT_THROW(e("noExiste"), ErrorBd);
+    EXPECT_THROW(e("noExiste"), ErrorDiseno);
 }
 
 TEST_F(Medidas, ABadFileSaysWhyAndChangesNothing) {

@@ -1,7 +1,7 @@
 // The suite's spool as the printer sees it: the same CP850 bytes through a
 // file device, and through a private CUPS scheduler with a queue of its own
 // (started here as root, with bounded waits, and always stopped).
-#include <ErrorBd.h>
+#include <Error.h>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -56,7 +56,7 @@ TEST(SpoolFichero, APathIsAFileDeviceThatGetsTheBytesInCp850) {
     spool.Impresora = ruta;
     spool.CodigoPagina = QStringLiteral("NO-EXISTE-850");
     ASSERT_TRUE(spool.OpenDevice());
-    EXPECT_THROW(spool.printline(QStringLiteral("x")), ErrorBd);
+    EXPECT_THROW(spool.printline(QStringLiteral("x")), ErrorDispositivo);
     spool.CloseDevice();
 }
 

@@ -3,9 +3,10 @@
 // for the posting and its errors.
 #include "BasePrueba.h"
 
-#include <ErrorBd.h>
+#include <Error.h>
 #include <LanzadorPantallas.h>
 #include <MensajesCore.h>
+#include <MensajesSuite.h>
 #include <QtGlobal>
 #include <TesoreriaIncorporada.h>
 #include <Vencimientos.h>
@@ -314,21 +315,21 @@ TEST_P(Tesoreria, ErroresYPantallaDeRecibos) {
     try {
         t->Calculo_Vtos_Factura(0);
         FAIL() << "sin sesión";
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         EXPECT_EQ(e.Mensaje(), suite::mensajes::kTesoreriaSinSesion);
     }
     t->MyBd = s.get();
     t->idfactura = 0;
-    EXPECT_THROW(t->Calculo_Vtos_Factura(0), ErrorBd);
+    EXPECT_THROW(t->Calculo_Vtos_Factura(0), ErrorRegla);
     t->idfactura = 1;
     t->FechaFactura = QDate();
-    EXPECT_THROW(t->Calculo_Vtos_Factura(0), ErrorBd);
+    EXPECT_THROW(t->Calculo_Vtos_Factura(0), ErrorRegla);
     EXPECT_EQ(s->cn().Execute(QStringLiteral("SELECT COUNT(*) FROM Rec")).Fields(0).Entero(), 0);
 
     try {
         t->jManteRecibos(42);
         FAIL() << "sin lanzador";
-    } catch (const ErrorBd& e) {
+    } catch (const Error& e) {
         EXPECT_EQ(e.Mensaje(), mensajes::kSinLanzador.arg(QStringLiteral("frmManteRecibos")));
     }
     LanzadorAnotado lanzador;

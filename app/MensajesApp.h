@@ -1,0 +1,71 @@
+// Messages of the command line shown to people, each defined once.
+#pragma once
+
+#include <QString>
+
+namespace vk::mensajes {
+
+// Options and their values.
+inline const QString kOpcionSinValor = QStringLiteral("La opción %1 no lleva valor.");
+inline const QString kFaltaValorOpcion = QStringLiteral("Falta el valor de la opción %1.");
+inline const QString kOpcionDesconocida = QStringLiteral("Opción desconocida: %1");
+inline const QString kArgumentosNoValidos = QStringLiteral("Los argumentos no son válidos.");
+inline const QString kArgumentoInesperado =
+    QStringLiteral("Argumento inesperado: «%1». Las opciones se escriben "
+                   "--opcion valor o --opcion=valor.");
+inline const QString kOpcionRepetida = QStringLiteral("La opción %1 está repetida.");
+inline const QString kDbEnBlanco = QStringLiteral("La opción --db no puede estar en blanco.");
+inline const QString kValorNoAdmitido = QStringLiteral("Valor no admitido en %1: «%2». Use %3.");
+inline const QString kFechaOpcionNoValida =
+    QStringLiteral("%1: «%2» no es una fecha válida; escríbala DD/MM/AAAA.");
+inline const QString kFechaOpcionFueraDeRango =
+    QStringLiteral("%1: la fecha %2 está fuera de las admitidas (de %3 a %4).");
+inline const QString kOpcionNoEntera = QStringLiteral("%1 debe ser un número entero: «%2».");
+inline const QString kOpcionFueraDeRango = QStringLiteral("%1 debe estar entre %2 y %3: «%4».");
+inline const QString kListaSinNumero = QStringLiteral("%1: falta un número en la lista «%2».");
+inline const QString kListaRepetido = QStringLiteral("%1: el %2 está repetido en la lista.");
+inline const QString kOpcionEnBlanco = QStringLiteral("%1 no puede estar en blanco.");
+inline const QString kSerieLarga = QStringLiteral("%1 admite como mucho %2 caracteres: «%3».");
+inline const QString kSerieNoValida =
+    QStringLiteral("%1 solo admite letras, cifras y guiones: «%2».");
+inline const QString kUsuarioNoExiste = QStringLiteral("No existe el usuario %1.");
+inline const QString kCodigoClienteNoExiste = QStringLiteral("No existe el cliente con código %1.");
+
+// What each command needs.
+inline const QString kIndiqueSerie = QStringLiteral("Indique la serie con --serie.");
+inline const QString kIndiqueFechaFactura =
+    QStringLiteral("Indique la fecha de la factura con --fecha DD/MM/AAAA.");
+inline const QString kIndiqueAlbaranes =
+    QStringLiteral("Indique los albaranes con --albaranes ID[,ID...].");
+inline const QString kIndiqueFechaFacturas =
+    QStringLiteral("Indique la fecha de las facturas con --fecha DD/MM/AAAA.");
+inline const QString kIndiqueSerieYDesde =
+    QStringLiteral("Indique la serie y el primer número: --serie S --desde N.");
+inline const QString kHastaMenorQueDesde =
+    QStringLiteral("--hasta (%1) no puede ser menor que --desde (%2).");
+inline const QString kIndiqueCarpetaPdf =
+    QStringLiteral("Indique la carpeta de los PDF: --pdf CARPETA.");
+inline const QString kIndiqueSalida =
+    QStringLiteral("Indique una salida: --pdf CARPETA, --impresora [COLA] o --pantalla.");
+inline const QString kDesdePosteriorAHasta =
+    QStringLiteral("--desde (%1) no puede ser posterior a --hasta (%2).");
+inline const QString kSerieConFacturas =
+    QStringLiteral("La serie %1 ya tiene facturas: su número es el siguiente "
+                   "al último, sin --numero.");
+
+// What the commands met.
+inline const QString kFacturaNoHecha = QStringLiteral("No se ha hecho la factura.");
+inline const QString kFacturaNoTerminada = QStringLiteral("Factura %1: %2");
+inline const QString kSinFacturasEnRango =
+    QStringLiteral("No hay facturas de la serie %1 entre los números %2 y %3.");
+inline const QString kCarpetaNoCreada = QStringLiteral("No se puede crear la carpeta %1.");
+inline const QString kCarpetaNoEscribible =
+    QStringLiteral("No se puede escribir en la carpeta %1.");
+inline const QString kFicheroNoEscrito = QStringLiteral("No se puede escribir el fichero %1: %2.");
+inline const QString kVistaNoCreada =
+    QStringLiteral("No se puede crear el fichero de la vista en %1.");
+inline const QString kVisorNoDisponible =
+    QStringLiteral("No se puede abrir el visor de PDF del escritorio; la vista "
+                   "está en %1.");
+
+} // namespace vk::mensajes
