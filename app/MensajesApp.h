@@ -68,4 +68,38 @@ inline const QString kVisorNoDisponible =
     QStringLiteral("No se puede abrir el visor de PDF del escritorio; la vista "
                    "está en %1.");
 
+// What the commands report.
+inline const QString kPdfFacturaNoEscrito =
+    QStringLiteral("No se ha escrito el PDF de la factura %1/%2.");
+inline const QString kPdfsEscritos = QStringLiteral("Ficheros PDF escritos: %1.");
+inline const QString kTrabajoEnviado =
+    QStringLiteral("Trabajo de %1 facturas enviado a la impresora %2.");
+inline const QString kImpresoraPorDefecto = QStringLiteral("por defecto");
+inline const QString kFacturasMostradas = QStringLiteral("%1 facturas mostradas.");
+inline const QString kFacturasEmitidas =
+    QStringLiteral("Facturas emitidas: %1, por un total de %2.");
+inline const QString kIncidenciaGrupo = QStringLiteral("Grupo de %1: %2");
+inline const QString kIncidenciaFactura = QStringLiteral("Factura %1 (%2): %3");
+inline const QString kPdfDeLasFacturas = QStringLiteral("PDF de las facturas: %1");
+inline const QString kBaseDeDatos = QStringLiteral("Base de datos: %1");
+inline const QString kDemoYaExistia =
+    QStringLiteral("  Los datos de demostración ya existían: no se ha añadido nada.");
+inline const QString kFicherosEnCarpeta = QStringLiteral("%1 ficheros en %2");
+inline const QString kFacturacionDemo =
+    QStringLiteral("Facturación de los albaranes pendientes a %1:");
+inline const QString kResumenDemo = QStringLiteral("Resumen de la empresa de demostración");
+
+// The program itself.
+inline const QString kOpcionProgramaDesconocida =
+    QStringLiteral("Opción desconocida: %1\nUse vkfactuven --help para ver las "
+                   "órdenes y sus opciones.");
+inline const QString kFaltaOrden = QStringLiteral("Falta la orden.\n\n");
+inline const QString kOrdenDesconocida =
+    QStringLiteral("Orden desconocida: %1\nLas órdenes son init, demo, factura, "
+                   "facturar y emitir; use vkfactuven --help para ver sus opciones.");
+inline const QString kDetalle = QStringLiteral("Detalle: ");
+inline const QString kErrorInterno = QStringLiteral("Error interno: %1");
+inline const QString kErrorInternoDesconocido =
+    QStringLiteral("Error interno: excepción desconocida.");
+
 } // namespace vk::mensajes

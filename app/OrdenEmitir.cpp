@@ -49,10 +49,7 @@ int emitePdf(VKFACVENTAS& f, Recordset& rs, const QString& carpeta, qint16 nDise
             return 1;
         }
         if (f.PdfOutFile.isEmpty() || !QFileInfo(f.PdfOutFile).isFile()) {
-            err << QStringLiteral("No se ha escrito el PDF de la factura %1/%2.")
-                       .arg(serie)
-                       .arg(numero)
-                << Qt::endl;
+            err << mensajes::kPdfFacturaNoEscrito.arg(serie).arg(numero) << Qt::endl;
             return 1;
         }
         const QString fichero = destino.filePath(
@@ -67,7 +64,7 @@ int emitePdf(VKFACVENTAS& f, Recordset& rs, const QString& carpeta, qint16 nDise
         out << fichero << Qt::endl;
         ++escritos;
     }
-    out << QStringLiteral("Ficheros PDF escritos: %1.").arg(escritos) << Qt::endl;
+    out << mensajes::kPdfsEscritos.arg(escritos) << Qt::endl;
     return 0;
 }
 
@@ -167,10 +164,9 @@ int OrdenEmitir(const QStringList& args, QTextStream& out, QTextStream& err) {
     if (f.EmisionMultiplesFacturas(nDiseno, true, ids, false, nOrigen) != ResultadoEmision::Hecha) {
         return 1;
     }
-    out << (impresora ? QStringLiteral("Trabajo de %1 facturas enviado a la impresora %2.")
-                            .arg(ids.size())
-                            .arg(cola.isEmpty() ? QStringLiteral("por defecto") : cola)
-                      : QStringLiteral("%1 facturas mostradas.").arg(ids.size()))
+    out << (impresora ? mensajes::kTrabajoEnviado.arg(ids.size())
+                            .arg(cola.isEmpty() ? mensajes::kImpresoraPorDefecto : cola)
+                      : mensajes::kFacturasMostradas.arg(ids.size()))
         << Qt::endl;
     return 0;
 }

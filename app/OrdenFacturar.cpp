@@ -55,10 +55,7 @@ void imprimeFacturas(BdSesion& bd, const std::vector<qint32>& ids, QTextStream& 
                    .arg(FormatoMoneda(importe), 16)
             << Qt::endl;
     }
-    out << QStringLiteral("Facturas emitidas: %1, por un total de %2.")
-               .arg(ids.size())
-               .arg(FormatoMoneda(total))
-        << Qt::endl;
+    out << mensajes::kFacturasEmitidas.arg(ids.size()).arg(FormatoMoneda(total)) << Qt::endl;
 }
 
 void imprimeIncidencias(const frmFacturasVenta& pantalla, QTextStream& err) {
@@ -66,10 +63,9 @@ void imprimeIncidencias(const frmFacturasVenta& pantalla, QTextStream& err) {
         if (i.factura.isEmpty() && i.cliente.trimmed().isEmpty()) {
             err << i.motivo; // the run as a whole: groups left undone
         } else if (i.factura.isEmpty()) {
-            err << QStringLiteral("Grupo de %1: %2").arg(i.cliente.trimmed(), i.motivo);
+            err << mensajes::kIncidenciaGrupo.arg(i.cliente.trimmed(), i.motivo);
         } else {
-            err << QStringLiteral("Factura %1 (%2): %3")
-                       .arg(i.factura, i.cliente.trimmed(), i.motivo);
+            err << mensajes::kIncidenciaFactura.arg(i.factura, i.cliente.trimmed(), i.motivo);
         }
         err << Qt::endl;
     }
@@ -132,7 +128,7 @@ ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream
     imprimeFacturas(f.MyBd(), r.facturas, out);
     imprimeIncidencias(pantalla, err);
     if (salida == 2 && !f.PdfOutFile.isEmpty()) {
-        out << QStringLiteral("PDF de las facturas: %1").arg(f.PdfOutFile) << Qt::endl;
+        out << mensajes::kPdfDeLasFacturas.arg(f.PdfOutFile) << Qt::endl;
     }
     return r;
 }

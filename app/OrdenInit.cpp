@@ -36,14 +36,13 @@ Creada creaEmpresa(const QString& db, bool conDemo) {
 }
 
 void imprimeResumen(const Creada& c, QTextStream& out) {
-    out << QStringLiteral("Base de datos: %1").arg(c.sesion->cadena().descripcion()) << Qt::endl;
+    out << mensajes::kBaseDeDatos.arg(c.sesion->cadena().descripcion()) << Qt::endl;
     for (const QString& l : c.resumen.lineas) {
         out << QStringLiteral("  ") << l << Qt::endl;
     }
     if (c.demo) {
         if (c.demo->yaExistia) {
-            out << QStringLiteral("  Los datos de demostración ya existían: no se ha añadido nada.")
-                << Qt::endl;
+            out << mensajes::kDemoYaExistia << Qt::endl;
         } else {
             out << QStringLiteral("  Datos de demostración:") << Qt::endl;
             const QList<QPair<QString, int>> filas = {
@@ -84,7 +83,7 @@ QString escribePdfs(VKFACVENTAS& f, const QString& db) {
     if (!ui.Textos().isEmpty()) {
         throw ErrorDispositivo(ui.Textos().join(QLatin1Char('\n')));
     }
-    return QStringLiteral("%1 ficheros en %2").arg(escritos).arg(carpeta.path());
+    return mensajes::kFicherosEnCarpeta.arg(escritos).arg(carpeta.path());
 }
 
 } // namespace
@@ -115,8 +114,7 @@ int OrdenDemo(const QStringList& args, QTextStream& out, QTextStream& err) {
     f.setMyBd(*c.sesion);
     OpcionesFacturar o;
     o.fecha = QDate::currentDate();
-    out << QStringLiteral("Facturación de los albaranes pendientes a %1:")
-               .arg(Format(o.fecha, QStringLiteral("dd/mm/yyyy")))
+    out << mensajes::kFacturacionDemo.arg(Format(o.fecha, QStringLiteral("dd/mm/yyyy")))
         << Qt::endl;
     const ResultadoFacturar r = Factura(f, o, out, err);
 
@@ -125,7 +123,7 @@ int OrdenDemo(const QStringList& args, QTextStream& out, QTextStream& err) {
         QStringLiteral("SELECT COUNT(*) AS n, COALESCE(SUM(Fav_Total), 0) AS total FROM Fav"));
     Recordset rec = cn.Execute(QStringLiteral("SELECT COUNT(*) AS n, COALESCE(SUM(Rec_Importe), 0) "
                                               "AS total FROM Rec WHERE Rec_Tipo = 1"));
-    out << Qt::endl << QStringLiteral("Resumen de la empresa de demostración") << Qt::endl;
+    out << Qt::endl << mensajes::kResumenDemo << Qt::endl;
     out << QStringLiteral("  Facturas              %1   %2")
                .arg(fav.Fields(0).Entero(), 6)
                .arg(FormatoMoneda(fav.Fields(1).Doble()), 16)

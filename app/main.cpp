@@ -1,5 +1,6 @@
 // vkfactuven: the command-line host of the sales invoicing library.
 #include "Argumentos.h"
+#include "MensajesApp.h"
 #include "OrdenEmitir.h"
 #include "OrdenFactura.h"
 #include "OrdenFacturar.h"
@@ -132,15 +133,14 @@ int ejecuta(const Ejecuta& orden, const QStringList& args, QTextStream& out, QTe
     } catch (const vk::Error& e) {
         err << e.Mensaje() << Qt::endl;
         if (vk::app::DetalleDeErrores() && !e.Detalle().isEmpty()) {
-            err << QStringLiteral("Detalle: ") << e.Detalle() << Qt::endl;
+            err << vk::mensajes::kDetalle << e.Detalle() << Qt::endl;
         }
         return 1;
     } catch (const std::exception& e) {
-        err << QStringLiteral("Error interno: %1").arg(QString::fromLocal8Bit(e.what()))
-            << Qt::endl;
+        err << vk::mensajes::kErrorInterno.arg(QString::fromLocal8Bit(e.what())) << Qt::endl;
         return 1;
     } catch (...) {
-        err << QStringLiteral("Error interno: excepción desconocida.") << Qt::endl;
+        err << vk::mensajes::kErrorInternoDesconocido << Qt::endl;
         return 1;
     }
 }
@@ -192,14 +192,11 @@ int main(int argc, char** argv) {
             vk::app::EstableceDetalleDeErrores(true);
             continue;
         }
-        err << QStringLiteral("Opción desconocida: %1\nUse vkfactuven --help para ver las "
-                              "órdenes y sus opciones.")
-                   .arg(opcion)
-            << Qt::endl;
+        err << vk::mensajes::kOpcionProgramaDesconocida.arg(opcion) << Qt::endl;
         return 2;
     }
     if (args.isEmpty()) {
-        err << QStringLiteral("Falta la orden.\n\n") << QString::fromUtf8(kAyuda);
+        err << vk::mensajes::kFaltaOrden << QString::fromUtf8(kAyuda);
         return 2;
     }
     const QString nombre = args.takeFirst();
@@ -209,10 +206,7 @@ int main(int argc, char** argv) {
     }
     const std::optional<Ejecuta> orden = buscaOrden(nombre);
     if (!orden) {
-        err << QStringLiteral("Orden desconocida: %1\nLas órdenes son init, demo, factura, "
-                              "facturar y emitir; use vkfactuven --help para ver sus opciones.")
-                   .arg(nombre)
-            << Qt::endl;
+        err << vk::mensajes::kOrdenDesconocida.arg(nombre) << Qt::endl;
         return 2;
     }
     return ejecuta(*orden, args, out, err);

@@ -48,9 +48,8 @@ const BdParametro& BdParametros::Item(const QString& nombre) const {
 }
 
 int BdParametros::buscar(const QString& nombre) const {
-    const QString buscado = nombre.trimmed();
     for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
-        if (items_[i].Name().compare(buscado, Qt::CaseInsensitive) == 0) {
+        if (items_[i].SeLlama(nombre)) {
             return i;
         }
     }

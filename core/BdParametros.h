@@ -17,6 +17,11 @@ public:
         : nombre_(std::move(nombre)), valor_(std::move(valor)) {}
 
     const QString& Name() const { return nombre_; }
+    // Names are compared as the database compares column names: without
+    // case, and without the blanks around the one asked for.
+    bool SeLlama(const QString& nombre) const {
+        return nombre_.compare(nombre.trimmed(), Qt::CaseInsensitive) == 0;
+    }
     const QVariant& Value() const { return valor_; }
     void setValue(const QVariant& valor) { valor_ = valor; }
 

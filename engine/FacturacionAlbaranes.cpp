@@ -3,6 +3,7 @@
 #include "DireccionFactura.h"
 #include "GrabaFactura.h"
 #include "MensajesMotor.h"
+#include "NuevaFactura.h"
 #include "ReglasFecha.h"
 
 #include <BdSesion.h>
@@ -88,25 +89,28 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
         Transaccion t(cn);
         rellenaCabecera(f, c, albaranes.empty() ? 0 : albaranes.front());
         bd.Limpia();
-        qint32 id = 0;
+        CabeceraNueva nueva;
         try {
-            id = f.NuevaFactura(o.nTipo);
+            nueva = CreaCabeceraFactura(f, o.nTipo);
         } catch (const Error& e) {
             // The series or the database refuses every invoice alike.
             return fallo(E::NoHecha, e.Mensaje(), &e, true);
         }
+        const qint32 id = nueva.id;
         f.IdFactu = id;
-        if (id == 0) {
-            if (const auto& e = bd.ErrorConstructor()) {
-                return fallo(E::NoHecha, mensajes::kFacturaNoCreada.arg(c.serie, e->Mensaje()),
-                             &*e);
-            }
-            // The person gave up the series' first number, or the customer
-            // is gone: nothing to say beyond what was shown.
+        switch (nueva.motivo) {
+        case CabeceraNueva::Motivo::Creada:
+            break;
+        case CabeceraNueva::Motivo::Abandonada:
+            // The person gave up the series' first number: nothing to say
+            // beyond what was shown.
+            return fallo(E::NoHecha, QString(), nullptr);
+        case CabeceraNueva::Motivo::SinCliente:
+            return fallo(E::NoHecha, mensajes::kClienteNoExiste.arg(c.idCliente), nullptr);
+        case CabeceraNueva::Motivo::Rechazada:
             return fallo(E::NoHecha,
-                         f.NumeroFactura == 0 ? QString()
-                                              : mensajes::kClienteNoExiste.arg(c.idCliente),
-                         nullptr);
+                         mensajes::kFacturaNoCreada.arg(c.serie, nueva.error->Mensaje()),
+                         &*nueva.error);
         }
         r.idFactura = id;
         r.factura = c.serie + QLatin1Char('/') + QString::number(f.NumeroFactura);

@@ -1,5 +1,7 @@
 // The header row of a new invoice: its number, the customer's frozen identity
 // and the data the caller composed.
+#include "NuevaFactura.h"
+
 #include "BloqueoSerie.h"
 #include "Cuentas.h"
 #include "MensajesMotor.h"
@@ -38,8 +40,9 @@ qint32 siguienteNumero(VKFACVENTAS& f, Conexion& cn) {
 
 } // namespace
 
-qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
-    BdSesion& bd = MyBd();
+CabeceraNueva CreaCabeceraFactura(VKFACVENTAS& f, qint16 nTipo) {
+    using M = CabeceraNueva::Motivo;
+    BdSesion& bd = f.MyBd();
     Conexion& cn = bd.cn();
     const QString nombre = fnNombreCliente(
         static_cast<int>(bd.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
@@ -51,37 +54,37 @@ qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
     if (cn.NivelTransaccion() == 0) {
         propia.emplace(cn);
     }
-    msBloqueaSerie(bd, SerieFactura);
-    if (NumeroFactura == 0) {
-        NumeroFactura = siguienteNumero(*this, cn);
-        if (NumeroFactura == 0) {
-            return 0;
+    msBloqueaSerie(bd, f.SerieFactura);
+    if (f.NumeroFactura == 0) {
+        f.NumeroFactura = siguienteNumero(f, cn);
+        if (f.NumeroFactura == 0) {
+            return {0, M::Abandonada, {}};
         }
     }
 
     Recordset cli = cn.Execute(
         QStringLiteral("SELECT cli_cod, cli_doc, %1 AS RSOC FROM Cli WHERE Cli_id = ?").arg(nombre),
-        {IdCliente});
+        {f.IdCliente});
     if (cli.Eof()) {
-        return 0;
+        return {0, M::SinCliente, {}};
     }
     // The counter customer takes the identity the caller typed; any other
     // customer the one of its record.
     const qint64 clienteContado = bd.Parametros().Item(QStringLiteral("Par_CliCon")).Entero();
-    const bool esContado = clienteContado > 0 && clienteContado == CliCod;
+    const bool esContado = clienteContado > 0 && clienteContado == f.CliCod;
 
     bd.Tabla(QStringLiteral("Fav"));
     BdCampos& c = bd.xlsCampos();
-    EscribeColumnasFav(c, *this, OperacionFav::Alta);
+    EscribeColumnasFav(c, f, OperacionFav::Alta);
     // Any customer but the counter one is frozen on the invoice as its
     // record stands; the facade's identity fields are left as the caller set
     // them.
     if (!esContado) {
-        c.Add(ColumnaFavDe(*this, &CliCod), TipoCampo::Numero,
+        c.Add(ColumnaFavDe(f, &f.CliCod), TipoCampo::Numero,
               cli.Fields(QStringLiteral("cli_cod")).Value());
-        c.Add(ColumnaFavDe(*this, &CliNom), TipoCampo::Texto,
+        c.Add(ColumnaFavDe(f, &f.CliNom), TipoCampo::Texto,
               cli.Fields(QStringLiteral("rsoc")).Texto());
-        c.Add(ColumnaFavDe(*this, &CliDoc), TipoCampo::Texto,
+        c.Add(ColumnaFavDe(f, &f.CliDoc), TipoCampo::Texto,
               cli.Fields(QStringLiteral("cli_doc")).Texto());
     }
     c.Add(QStringLiteral("Fav_IdUsu"), TipoCampo::Numero, bd.IdUsuario());
@@ -89,12 +92,17 @@ qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
     QString mensaje;
     qint64 id = 0;
     if (!bd.Inserta(mensaje, &id)) {
-        return 0; // the number is simply not used
+        // The number is simply not used.
+        return {0, M::Rechazada, bd.ErrorConstructor() ? bd.ErrorConstructor() : ErrorBd(mensaje)};
     }
     if (propia) {
         propia->Confirma();
     }
-    return static_cast<qint32>(id);
+    return {static_cast<qint32>(id), M::Creada, {}};
+}
+
+qint32 VKFACVENTAS::NuevaFactura(qint16 nTipo) {
+    return CreaCabeceraFactura(*this, nTipo).id;
 }
 
 QString VKFACVENTAS::getSeriesFactura() {

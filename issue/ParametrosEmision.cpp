@@ -2,23 +2,25 @@
 
 namespace vk {
 
-const BdParametro* ParametrosEmision::propio(const QString& nombre) const {
-    for (const BdParametro& p : propios_) {
-        if (p.Name().compare(nombre, Qt::CaseInsensitive) == 0) {
+BdParametro* ParametrosEmision::propio(const QString& nombre) {
+    for (BdParametro& p : propios_) {
+        if (p.SeLlama(nombre)) {
             return &p;
         }
     }
     return nullptr;
 }
 
+const BdParametro* ParametrosEmision::propio(const QString& nombre) const {
+    return const_cast<ParametrosEmision*>(this)->propio(nombre);
+}
+
 void ParametrosEmision::Fija(const QString& nombre, const QVariant& valor) {
-    for (BdParametro& p : propios_) {
-        if (p.Name().compare(nombre, Qt::CaseInsensitive) == 0) {
-            p.setValue(valor);
-            return;
-        }
+    if (BdParametro* p = propio(nombre)) {
+        p->setValue(valor);
+    } else {
+        propios_.emplace_back(nombre.trimmed(), valor);
     }
-    propios_.emplace_back(nombre, valor);
 }
 
 qint64 ParametrosEmision::Entero(const BdParametros& empresa, const QString& nombre) const {

@@ -24,6 +24,7 @@ public:
     bool Vacio() const { return propios_.empty(); }
 
 private:
+    BdParametro* propio(const QString& nombre);
     const BdParametro* propio(const QString& nombre) const;
     std::vector<BdParametro> propios_;
 };

@@ -3,6 +3,7 @@
 #include "EmpresaPrueba.h"
 
 #include <Cuentas.h>
+#include <NuevaFactura.h>
 #include <frmIniFav.h>
 
 namespace vk::prueba {
@@ -77,12 +78,18 @@ TEST_P(Nueva, FirstNumberOfASeriesIsAskedOnce) {
     ASSERT_GT(f.NuevaFactura(), 0);
     EXPECT_EQ(f.NumeroFactura, 1);
 
-    // A number given is used as it is; a duplicate is refused without a message.
+    // A number given is used as it is; a duplicate is refused without a
+    // message, and the caller that asks is told the database's reason.
     f.NumeroFactura = 101;
     f.SerieFactura = QStringLiteral("A");
     e->ui().vistos.clear();
     EXPECT_EQ(f.NuevaFactura(), 0);
     EXPECT_TRUE(e->ui().Textos().isEmpty());
+    const CabeceraNueva rechazada = CreaCabeceraFactura(f, 0);
+    EXPECT_EQ(rechazada.motivo, CabeceraNueva::Motivo::Rechazada);
+    ASSERT_TRUE(rechazada.error.has_value());
+    EXPECT_FALSE(rechazada.error->Mensaje().isEmpty());
+    EXPECT_FALSE(rechazada.error->AfectaATodo());
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), 3);
 }
 
@@ -121,6 +128,7 @@ TEST_P(Nueva, ColumnsStoredAsTheLegacyRulesSay) {
     f.NumeroFactura = 0;
     f.IdCliente = 999;
     EXPECT_EQ(f.NuevaFactura(), 0);
+    EXPECT_EQ(CreaCabeceraFactura(f, 0).motivo, CabeceraNueva::Motivo::SinCliente);
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), 2);
 }
 
