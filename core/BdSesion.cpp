@@ -185,18 +185,53 @@ void BdSesion::RecargaParametros(const QString& sSql) {
     parametros_.Carga(cn_->Execute(sSql));
 }
 
+Recordset BdSesion::Referencia(const QString& sql, const QVariantList& parametros) {
+    if (!ejecucion_) {
+        return cn_->Execute(sql, parametros);
+    }
+    QString clave = sql;
+    for (const QVariant& p : parametros) {
+        clave += QChar(0x1f) + (p.isNull() ? QStringLiteral("\x1e") : p.toString());
+    }
+    const auto it = ejecucion_->consultas.constFind(clave);
+    if (it != ejecucion_->consultas.constEnd()) {
+        return *it;
+    }
+    Recordset rs = cn_->Execute(sql, parametros);
+    ejecucion_->consultas.insert(clave, rs);
+    return rs;
+}
+
+const TiposIva* BdSesion::TiposIvaDeEjecucion() {
+    if (!ejecucion_) {
+        return nullptr;
+    }
+    if (!ejecucion_->tipos) {
+        ejecucion_->tipos = TiposIva::Lee(*this);
+    }
+    return &*ejecucion_->tipos;
+}
+
+AmbitoEjecucion::AmbitoEjecucion(BdSesion& bd) : bd_(bd) {
+    if (bd_.ambitos_++ == 0) {
+        bd_.ejecucion_ = std::make_unique<BdSesion::DatosEjecucion>();
+    }
+}
+
+AmbitoEjecucion::~AmbitoEjecucion() {
+    if (--bd_.ambitos_ == 0) {
+        bd_.ejecucion_.reset();
+    }
+}
+
 bool BdSesion::ConexionActiva(Conexion& cn, QString& sTexto) {
+    // No round trip: a connection the server has dropped fails its next
+    // statement as "conexión perdida", which stops a run just the same.
     if (!cn.EstaAbierta()) {
         sTexto = mensajes::kConexionCerrada;
         return false;
     }
-    try {
-        cn.Execute(QStringLiteral("SELECT 1"));
-        return true;
-    } catch (const ErrorBd& e) {
-        sTexto = e.Mensaje();
-        return false;
-    }
+    return true;
 }
 
 bool BdSesion::ExisteTabla(const QString& tabla, const QString& catalogo) {

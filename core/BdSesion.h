@@ -7,7 +7,9 @@
 #include "CadenaConexion.h"
 #include "Conexion.h"
 #include "ErrorBd.h"
+#include "TiposIva.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
@@ -82,7 +84,20 @@ public:
     // Moves a table's identity past ids that were written explicitly.
     void AjustaIdentidad(const QString& tabla, const QString& columna);
 
+    // Reference data a run reads for every invoice (the company's row, the
+    // tax rows): while an AmbitoEjecucion is open they are read once, else
+    // every time. Only for data that nothing in a run writes.
+    Recordset Referencia(const QString& sql, const QVariantList& parametros = {});
+    // The tax rows of the open run; null outside a run.
+    const TiposIva* TiposIvaDeEjecucion();
+
 private:
+    friend class AmbitoEjecucion;
+    struct DatosEjecucion {
+        std::optional<TiposIva> tipos;
+        QHash<QString, Recordset> consultas;
+    };
+
     BdSesion(CadenaConexion cadena, std::unique_ptr<Conexion> cn);
     static QString abreSqlite(const CadenaConexion& c, ModoApertura modo);
     static QString abrePostgres(const CadenaConexion& c, ModoApertura modo);
@@ -104,6 +119,21 @@ private:
     std::optional<ErrorBd> errorConstructor_;
     QString where_;
     QVariantList whereParametros_;
+    int ambitos_ = 0;
+    std::unique_ptr<DatosEjecucion> ejecucion_;
+};
+
+// Marks a run (a batch of invoices) on a session for its lifetime: reference
+// data are read once for the run and forgotten at its end. Runs may nest.
+class AmbitoEjecucion {
+public:
+    explicit AmbitoEjecucion(BdSesion& bd);
+    ~AmbitoEjecucion();
+    AmbitoEjecucion(const AmbitoEjecucion&) = delete;
+    AmbitoEjecucion& operator=(const AmbitoEjecucion&) = delete;
+
+private:
+    BdSesion& bd_;
 };
 
 } // namespace vk

@@ -7,6 +7,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <optional>
 
 namespace vk {
 
@@ -53,12 +54,43 @@ ErrorBd errorDeSentencia(const QSqlError& e, bool sqlite, const QString& sql) {
         if (codigo == QLatin1String("53100")) {
             return ErrorBd(mensajes::kBdSinEspacio, detalle, ClaseError::Almacenamiento);
         }
-        if (codigo.startsWith(QLatin1String("08")) || codigo.startsWith(QLatin1String("57P")) ||
-            codigo.startsWith(QLatin1String("53"))) {
+        // No SQLSTATE: the client library failed, not the server; on a
+        // connection that worked, that means the server is gone.
+        if (codigo.isEmpty() || codigo.startsWith(QLatin1String("08")) ||
+            codigo.startsWith(QLatin1String("57P")) || codigo.startsWith(QLatin1String("53"))) {
             return ErrorBd(mensajes::kBdConexionPerdida, detalle, ClaseError::Almacenamiento);
         }
     }
     return ErrorBd(mensajes::kBdRechazo, detalle, ClaseError::General);
+}
+
+// What a statement's first word says about keeping it prepared.
+enum class Clase { Datos, Transaccion, Esquema, Otra };
+
+Clase claseDe(const QString& sql) {
+    qsizetype i = 0;
+    while (i < sql.size() && sql[i].isSpace()) {
+        ++i;
+    }
+    qsizetype fin = i;
+    while (fin < sql.size() && sql[fin].isLetter()) {
+        ++fin;
+    }
+    const QStringView palabra = QStringView(sql).mid(i, fin - i);
+    const auto es = [&palabra](const char* p) {
+        return palabra.compare(QLatin1String(p), Qt::CaseInsensitive) == 0;
+    };
+    if (es("SELECT") || es("INSERT") || es("UPDATE") || es("DELETE") || es("WITH") ||
+        es("VALUES")) {
+        return Clase::Datos;
+    }
+    if (es("BEGIN") || es("COMMIT") || es("SAVEPOINT") || es("RELEASE") || es("ROLLBACK")) {
+        return Clase::Transaccion;
+    }
+    if (es("CREATE") || es("ALTER") || es("DROP")) {
+        return Clase::Esquema;
+    }
+    return Clase::Otra;
 }
 
 } // namespace
@@ -71,7 +103,7 @@ Conexion::~Conexion() {
     QSqlDatabase::removeDatabase(nombre_);
 }
 
-QSqlQuery& Conexion::preparada(const QString& sql, bool& nueva) {
+Conexion::Preparada& Conexion::preparada(const QString& sql, bool& nueva) {
     constexpr int kMaximo = 200;
     auto it = preparadas_.find(sql);
     nueva = it == preparadas_.end();
@@ -79,10 +111,10 @@ QSqlQuery& Conexion::preparada(const QString& sql, bool& nueva) {
         if (preparadas_.size() >= kMaximo) {
             preparadas_.clear();
         }
-        auto q = std::make_shared<QSqlQuery>(QSqlDatabase::database(nombre_, false));
-        q->setForwardOnly(true);
-        q->setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-        it = preparadas_.insert(sql, q);
+        auto p = std::make_shared<Preparada>(QSqlDatabase::database(nombre_, false));
+        p->consulta.setForwardOnly(true);
+        p->consulta.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
+        it = preparadas_.insert(sql, p);
     }
     return **it;
 }
@@ -102,17 +134,30 @@ void Conexion::Cierra() {
 
 Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) {
     ++sentencias_;
-    QSqlQuery directa(QSqlDatabase::database(nombre_, false));
-    QSqlQuery* consulta = &directa;
+    // Statements the invoicing repeats are kept prepared, with parameters or
+    // without; PostgreSQL prepares only data statements. A change of schema
+    // drops them all: their result columns may have changed.
+    const Clase clase = claseDe(sql);
+    const bool reutilizable = !parametros.isEmpty() || clase == Clase::Datos ||
+                              (clase == Clase::Transaccion && dialecto_.esSQLite());
+    if (clase == Clase::Esquema) {
+        preparadas_.clear();
+    }
+    std::optional<QSqlQuery> directa;
+    Preparada* preparada = nullptr;
+    QSqlQuery* consulta = nullptr;
     bool ok = false;
     bool fallaPreparacion = false;
-    if (parametros.isEmpty()) {
-        directa.setForwardOnly(true);
-        directa.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-        ok = directa.exec(sql);
+    if (!reutilizable) {
+        directa.emplace(QSqlDatabase::database(nombre_, false));
+        consulta = &*directa;
+        consulta->setForwardOnly(true);
+        consulta->setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
+        ok = consulta->exec(sql);
     } else {
         bool nueva = false;
-        consulta = &preparada(sql, nueva);
+        preparada = &this->preparada(sql, nueva);
+        consulta = &preparada->consulta;
         ok = !nueva || consulta->prepare(sql);
         fallaPreparacion = !ok;
         if (ok) {
@@ -142,11 +187,21 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
         q.finish();
         return {};
     }
-    const QSqlRecord registro = q.record();
+    // The result's column names, once per prepared statement; not for a
+    // "*", whose columns are the table's of the moment.
     QStringList nombres;
-    nombres.reserve(registro.count());
-    for (int i = 0; i < registro.count(); ++i) {
-        nombres << registro.fieldName(i);
+    if (preparada && preparada->conNombres) {
+        nombres = preparada->nombres;
+    } else {
+        const QSqlRecord registro = q.record();
+        nombres.reserve(registro.count());
+        for (int i = 0; i < registro.count(); ++i) {
+            nombres << registro.fieldName(i);
+        }
+        if (preparada && !sql.contains(QLatin1Char('*'))) {
+            preparada->nombres = nombres;
+            preparada->conNombres = true;
+        }
     }
     std::vector<std::vector<QVariant>> filas;
     while (q.next()) {

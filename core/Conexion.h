@@ -6,12 +6,11 @@
 #include "Recordset.h"
 
 #include <QHash>
+#include <QSqlQuery>
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
 #include <memory>
-
-class QSqlQuery;
 
 namespace vk {
 
@@ -52,8 +51,14 @@ private:
     // Prepared statements by their text: the invoicing runs the same few
     // statements for every invoice, and preparing each time would cost a
     // round trip on PostgreSQL and a parse on SQLite.
-    QSqlQuery& preparada(const QString& sql, bool& nueva);
-    QHash<QString, std::shared_ptr<QSqlQuery>> preparadas_;
+    struct Preparada {
+        explicit Preparada(const QSqlDatabase& db) : consulta(db) {}
+        QSqlQuery consulta;
+        QStringList nombres; // the result's columns, once known
+        bool conNombres = false;
+    };
+    Preparada& preparada(const QString& sql, bool& nueva);
+    QHash<QString, std::shared_ptr<Preparada>> preparadas_;
     // Ends the outermost transaction, whether or not the engine still has it.
     void deshazTodo();
 

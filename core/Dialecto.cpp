@@ -93,6 +93,10 @@ QString Dialecto::bloqueoSerie() const {
     return esSQLite() ? QString() : QStringLiteral("SELECT pg_advisory_xact_lock(hashtext(?))");
 }
 
+QString Dialecto::estadisticasFacturas() const {
+    return esSQLite() ? QString() : QStringLiteral("ANALYZE Fav, Rec, Cav, RetNF");
+}
+
 QVariant Dialecto::valorFecha(const QDate& fecha) const {
     if (!fecha.isValid()) {
         return QVariant(QMetaType(QMetaType::QString));

@@ -38,6 +38,10 @@ public:
     // bound with a text key; empty on SQLite, whose write transaction already
     // holds the database's one write lock.
     QString bloqueoSerie() const;
+    // Refreshes the planner's statistics of the tables a run grows, so that
+    // the plans of its prepared statements follow the company's size; empty
+    // where the engine keeps none.
+    QString estadisticasFacturas() const;
 
     // How a date is bound: ISO text on SQLite, a DATE on PostgreSQL.
     QVariant valorFecha(const QDate& fecha) const;

@@ -108,24 +108,14 @@ void VKFACVENTAS::CalculoTotalesFactura() {
             }
             nIva = g.tivaId.toDouble(); // replaced below unless the rate is NULL
             const int familia = g.familia;
-            Recordset vigente = cn.Execute(
-                QStringLiteral("SELECT Tiva_Iva, Tiva_Rec, Tiva_Ret FROM vkcomun.TIVAS WHERE "
-                               "Tiva_Reg = ? AND Tiva_Art = ? AND Tiva_Fecha <= ? ORDER BY "
-                               "Tiva_Fecha DESC LIMIT 1"),
-                {nReg, familia, bd.dialecto().valorFecha(fecha)});
-            if (vigente.Eof()) {
+            const std::optional<TipoIva> vigente = TipoIvaVigente(bd, nReg, familia, fecha);
+            if (!vigente) {
                 throw ErrorRegla(mensajes::kSinTipoEnVigor.arg(nReg).arg(familia).arg(
                     fecha.toString(QStringLiteral("dd/MM/yyyy"))));
             }
-            const auto sustituye = [&](const char* columna, double& destino) {
-                const Campo c = vigente.Fields(QString::fromLatin1(columna));
-                if (!c.IsNull()) {
-                    destino = c.Doble();
-                }
-            };
-            sustituye("Tiva_Iva", nIva);
-            sustituye("Tiva_Rec", nRec);
-            sustituye("Tiva_Ret", nRet);
+            nIva = vigente->iva.value_or(nIva);
+            nRec = vigente->rec.value_or(nRec);
+            nRet = vigente->ret.value_or(nRet);
         }
         if (nSlot >= static_cast<int>(kTramosIva)) {
             continue; // a fourth group only adds to Bruto and ImpDtoPie1

@@ -1,6 +1,7 @@
 #include "Cuentas.h"
 
 #include <BdSesion.h>
+#include <TiposIva.h>
 
 namespace vk {
 
@@ -22,24 +23,20 @@ QString fnCuentaOcho(BdSesion& bd, const QString& sCuenta) {
 
 std::pair<QString, QString> fnCuentasIvaRec(BdSesion& bd, double nIva, int nReg,
                                             const QDate& fecha) {
-    Recordset rs = bd.cn().Execute(
-        QStringLiteral("SELECT Tiva_Art FROM vkcomun.TIVAS WHERE Tiva_Iva = ? AND Tiva_Reg = ? "
-                       "AND Tiva_Fecha <= ? ORDER BY Tiva_Fecha DESC LIMIT 1"),
-        {nIva, nReg, bd.dialecto().valorFecha(fecha)});
-    if (rs.Eof()) {
+    const std::optional<int> familia = FamiliaIva(bd, nIva, nReg, fecha);
+    if (!familia) {
         return {};
     }
     // The rate's family picks the parameters.
     static const char* const kCuentas[3][2] = {{"Par_CtaVIva", "Par_CtaVRec1"},
                                                {"Par_CtaVIva2", "Par_CtaVRec2"},
                                                {"Par_CtaVIva3", "Par_CtaVRec3"}};
-    const qint64 familia = rs.Fields(0).Entero();
-    if (familia < 1 || familia > 3) {
+    if (*familia < 1 || *familia > 3) {
         return {};
     }
     const BdParametros& par = bd.Parametros();
-    return {par.Item(QString::fromLatin1(kCuentas[familia - 1][0])).Texto(),
-            par.Item(QString::fromLatin1(kCuentas[familia - 1][1])).Texto()};
+    return {par.Item(QString::fromLatin1(kCuentas[*familia - 1][0])).Texto(),
+            par.Item(QString::fromLatin1(kCuentas[*familia - 1][1])).Texto()};
 }
 
 QString fnCuentaIvaRec(BdSesion& bd, int nTipo, double nIva, int nReg, const QDate& fecha) {

@@ -60,7 +60,7 @@ bool fnGrabaFactura(VKFACVENTAS& f, bool bRecibos, bool bEdi, bool& importesEscr
 
     // Posting as the invoice is saved: linked company, the suite's own
     // accounting, sales linked, posting on save.
-    Recordset emp = cn.Execute(
+    Recordset emp = bd.Referencia(
         QStringLiteral("SELECT Emp_id, Emp_Conta FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
         {par.Item(QStringLiteral("Par_Catalog")).Texto().trimmed().toUpper()});
     if (!emp.Eof() && emp.Fields(QStringLiteral("Emp_Conta")).Entero() == 1 &&

@@ -27,5 +27,7 @@ inline const QString kIncidenciasRun =
 inline const QString kMasIncidencias = QStringLiteral("… y %1 más.");
 inline const QString kGruposSinIntentar = QStringLiteral(
     "La facturación se ha detenido: quedan %1 grupos sin facturar, con sus albaranes pendientes.");
+inline const QString kLoteNoGuardado =
+    QStringLiteral("No se ha guardado: %1 Sus albaranes siguen pendientes.");
 
 } // namespace vk::mensajes

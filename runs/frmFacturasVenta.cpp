@@ -14,7 +14,9 @@
 #include <MensajesMotor.h>
 #include <NombreCliente.h>
 #include <ReglasFecha.h>
+#include <TransaccionPorLotes.h>
 #include <VKFACVENTAS.h>
+#include <algorithm>
 #include <optional>
 
 namespace vk {
@@ -394,12 +396,56 @@ ResultadoFacturacion frmFacturasVenta::facturaAlbaranes(const GrupoFacturable& g
                                                         const std::vector<qint32>& albaranes) {
     ResultadoFacturacion r = FacturaAlbaranes(factura_, cabecera(g), albaranes);
     if (r.Creada()) {
-        facturasGeneradas.push_back(r.idFactura);
+        porConfirmar_.facturas.push_back(r.idFactura);
+        porConfirmar_.nombres.push_back(r.factura);
+        porConfirmar_.clientes.push_back(g.Cli_Nom.trimmed());
     }
     if (r.estado != EstadoFacturacion::Hecha && !r.motivo.isEmpty()) {
-        incidencias.push_back({r.factura, g.Cli_Nom.trimmed(), r.motivo});
+        porConfirmar_.incidencias.push_back({r.factura, g.Cli_Nom.trimmed(), r.motivo});
     }
     return r;
+}
+
+void frmFacturasVenta::actualizaEstadisticas(std::size_t hechas, std::size_t& umbral) {
+    // A run that makes ten times the invoices of the last refresh has
+    // changed the tables' size: a company new on the server would otherwise
+    // keep plans made for empty tables.
+    const QString sql = bd_.dialecto().estadisticasFacturas();
+    if (sql.isEmpty() || hechas < umbral * 10) {
+        return;
+    }
+    umbral = hechas;
+    try {
+        bd_.cn().Execute(sql);
+    } catch (const ErrorBd&) {
+        // Only the plans' quality is at stake; the invoices are committed.
+    }
+}
+
+void frmFacturasVenta::confirmaLote(TransaccionPorLotes& lote, QVector<qint32>& ids) {
+    PorConfirmar hechas;
+    std::swap(hechas, porConfirmar_);
+    try {
+        lote.Confirma();
+    } catch (const ErrorBd& e) {
+        // Nothing of the batch stands: its notes are pending again.
+        for (std::size_t k = 0; k < hechas.facturas.size(); ++k) {
+            incidencias.push_back({hechas.nombres[k], hechas.clientes[k],
+                                   mensajes::kLoteNoGuardado.arg(e.Mensaje())});
+        }
+        for (IncidenciaFacturacion& n : hechas.incidencias) {
+            if (n.factura.isEmpty() || std::find(hechas.nombres.begin(), hechas.nombres.end(),
+                                                 n.factura) == hechas.nombres.end()) {
+                incidencias.push_back(std::move(n));
+            }
+        }
+        ejecucionDetenida = true;
+        return;
+    }
+    facturasGeneradas.insert(facturasGeneradas.end(), hechas.facturas.begin(),
+                             hechas.facturas.end());
+    incidencias.insert(incidencias.end(), hechas.incidencias.begin(), hechas.incidencias.end());
+    ids += hechas.emitir;
 }
 
 void frmFacturasVenta::facturacionSelectiva() {
@@ -419,6 +465,10 @@ void frmFacturasVenta::facturacionSelectiva() {
         return;
     }
     const ResultadoFacturacion r = facturaAlbaranes(g, marcados);
+    // The invoice committed on its own.
+    facturasGeneradas = std::move(porConfirmar_.facturas);
+    incidencias = std::move(porConfirmar_.incidencias);
+    porConfirmar_ = {};
     if (!r.Creada()) {
         if (!r.motivo.isEmpty()) {
             Ui().Mensaje(r.motivo, Icono::Error, Caption);
@@ -440,27 +490,46 @@ void frmFacturasVenta::msFacturarTodos() {
         bool& bandera;
         ~Fin() { bandera = false; }
     } fin{facturandoTodos_};
+    // Tax rows and the company's row are read once for the whole run.
+    const AmbitoEjecucion ambito(factura_.MyBd());
     QVector<qint32> ids;
+    porConfirmar_ = {};
+    // Invoices are committed a few at a time, each in its own savepoint:
+    // one disk synchronisation for several, and none reported before it.
+    TransaccionPorLotes lote(bd_.cn());
+    std::size_t analizadas = 10;
     const int total = static_cast<int>(dbgCli.size());
     int i = 0;
-    for (; i < total && !ejecucionDetenida; ++i) {
-        SeleccionaGrupo(i);
-        const GrupoFacturable& g = dbgCli[i];
-        std::vector<qint32> albaranes;
-        for (const AlbaranFacturable& a : ListView1) {
-            albaranes.push_back(a.Cav_Id);
-        }
-        // Each group stands alone: one that fails leaves the others going,
-        // unless every following one would fail the same way.
-        if (!albaranes.empty()) {
-            const ResultadoFacturacion r = facturaAlbaranes(g, albaranes);
-            if (r.Creada() && Val(Text1[11]) != 0) {
-                ids.push_back(r.idFactura);
+    try {
+        for (; i < total && !ejecucionDetenida; ++i) {
+            lote.Empieza();
+            SeleccionaGrupo(i);
+            const GrupoFacturable& g = dbgCli[i];
+            std::vector<qint32> albaranes;
+            for (const AlbaranFacturable& a : ListView1) {
+                albaranes.push_back(a.Cav_Id);
             }
-            ejecucionDetenida = r.detieneEjecucion;
+            // Each group stands alone: one that fails leaves the others
+            // going, unless every following one would fail the same way.
+            if (!albaranes.empty()) {
+                const ResultadoFacturacion r = facturaAlbaranes(g, albaranes);
+                if (r.Creada() && Val(Text1[11]) != 0) {
+                    porConfirmar_.emitir.push_back(r.idFactura);
+                }
+                ejecucionDetenida = r.detieneEjecucion;
+            }
+            if (lote.Toca() || ejecucionDetenida || i + 1 == total) {
+                confirmaLote(lote, ids);
+                actualizaEstadisticas(facturasGeneradas.size(), analizadas);
+            }
+            Ui().Progreso(i + 1, total, mensajes::kFacturandoGrupo.arg(g.Cli_Nom.trimmed()));
+            Ui().Cede();
         }
-        Ui().Progreso(i + 1, total, mensajes::kFacturandoGrupo.arg(g.Cli_Nom.trimmed()));
-        Ui().Cede();
+    } catch (const Error&) {
+        // A read of the groups failed: what the batch made so far is
+        // committed and reported before the error is shown.
+        confirmaLote(lote, ids);
+        throw;
     }
     if (ejecucionDetenida && i < total) {
         incidencias.push_back({QString(), QString(), mensajes::kGruposSinIntentar.arg(total - i)});

@@ -9,7 +9,7 @@ set -euo pipefail
 paquetes=(
     build-essential cmake ninja-build pkg-config
     qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql
-    postgresql libpq-dev
+    postgresql libpq-dev libsqlite3-dev
     libgtest-dev libgmock-dev googletest libbenchmark-dev
     fonts-dejavu-core fonts-liberation2
     poppler-utils qpdf
