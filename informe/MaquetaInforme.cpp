@@ -10,6 +10,7 @@
 #include <QPaintDevice>
 #include <QRegularExpression>
 #include <cmath>
+#include <map>
 
 namespace vk::informe {
 
@@ -54,10 +55,27 @@ private:
     int fila_;
 };
 
+// The pictures of one layout by path: a logo on every page of a run is read
+// and decoded once, and every page holds the same QImage, which a PDF writer
+// then embeds once. Nothing writes the files while a layout is being made.
+class ImagenesLeidas {
+public:
+    const QImage& Lee(const QString& ruta) {
+        auto it = leidas_.find(ruta);
+        if (it == leidas_.end()) {
+            it = leidas_.emplace(ruta, QImage(ruta)).first;
+        }
+        return it->second;
+    }
+
+private:
+    std::map<QString, QImage> leidas_;
+};
+
 class Maquetador {
 public:
-    Maquetador(Reporte& r, const QPaintDevice& dev)
-        : r_(r), d_(r.Datos()), dev_(dev), k_(UnidadesPorTwip(dev)) {}
+    Maquetador(Reporte& r, const QPaintDevice& dev, ImagenesLeidas& imagenes)
+        : r_(r), d_(r.Datos()), dev_(dev), k_(UnidadesPorTwip(dev)), imagenes_(imagenes) {}
 
     InformeMaquetado Ejecuta();
 
@@ -138,6 +156,7 @@ private:
     const DatosInforme& d_;
     const QPaintDevice& dev_;
     double k_;
+    ImagenesLeidas& imagenes_; // shared with the subreports' layouts
     std::vector<Pagina> paginas_;
     int y_ = 0;
     int limite_ = 0;
@@ -555,7 +574,7 @@ std::vector<Maquetador::Colocada> Maquetador::maquetaSubinforme(const ObjetoInfo
     if (filas.empty()) {
         return r;
     }
-    const Maquetador m(sub, dev_);
+    const Maquetador m(sub, dev_, imagenes_);
     int y = 0;
     auto anade = [&](TipoSeccion t, int f) {
         for (const Seccion* s : m.deTipo(t)) {
@@ -624,7 +643,7 @@ void Maquetador::situaObjeto(const ObjetoInforme& o, int fila, double x0, double
         if (secciones.empty()) {
             return;
         }
-        const Maquetador m(r_.OpenSubreport(o.Texto), dev_);
+        const Maquetador m(r_.OpenSubreport(o.Texto), dev_, imagenes_);
         for (Colocada c : secciones) {
             c.top += static_cast<int>(y0) + o.Top + a.baja;
             m.situa(c, info, x0 + o.Left, salida);
@@ -632,7 +651,7 @@ void Maquetador::situaObjeto(const ObjetoInforme& o, int fila, double x0, double
         return;
     }
     case TipoObjeto::Imagen:
-        e.imagen = QImage(valor(o, fila, info).toString());
+        e.imagen = imagenes_.Lee(valor(o, fila, info).toString());
         if (!e.imagen.isNull()) {
             e.clase = ElementoInforme::Clase::Imagen;
             salida.push_back(std::move(e));
@@ -708,7 +727,8 @@ double UnidadesPorTwip(const QPaintDevice& dispositivo) {
 }
 
 InformeMaquetado MaquetaInforme(Reporte& reporte, const QPaintDevice& medidas) {
-    Maquetador m(reporte, medidas);
+    ImagenesLeidas imagenes;
+    Maquetador m(reporte, medidas, imagenes);
     return m.Ejecuta();
 }
 

@@ -5,6 +5,8 @@
 #include <Error.h>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <map>
+#include <tuple>
 
 namespace vk::informe {
 
@@ -32,9 +34,24 @@ private:
                                     dispositivo.width() / k_, dispositivo.height() / k_)});
     }
 
+    // The picture fitted to the size, scaled once per picture and size: the
+    // logo of every page is then one QImage, which a PDF writer embeds once.
+    const QImage& escalada(const QImage& imagen, const QSize& tamano) {
+        const auto clave = std::make_tuple(imagen.cacheKey(), tamano.width(), tamano.height());
+        auto it = escaladas_.find(clave);
+        if (it == escaladas_.end()) {
+            it = escaladas_
+                     .emplace(clave,
+                              imagen.scaled(tamano, Qt::KeepAspectRatio, Qt::SmoothTransformation))
+                     .first;
+        }
+        return it->second;
+    }
+
     QPainter& p_;
     double k_;
     std::vector<Pintado>& pintados_;
+    std::map<std::tuple<qint64, int, int>, QImage> escaladas_;
 };
 
 void Pintor::pinta(const ElementoInforme& e, int pagina) {
@@ -70,10 +87,9 @@ void Pintor::pinta(const ElementoInforme& e, int pagina) {
                     QPointF(r.left() + e.rect.width() * k_, r.top() + e.rect.height() * k_));
         return;
     case ElementoInforme::Clase::Imagen: {
-        const QImage escalada =
-            e.imagen.scaled(r.size().toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        p_.drawImage(QPointF(r.left(), r.top()), escalada);
-        anota(Pintado::Clase::Imagen, e, {}, QRectF(r.topLeft(), escalada.size()), pagina);
+        const QImage& imagen = escalada(e.imagen, r.size().toSize());
+        p_.drawImage(QPointF(r.left(), r.top()), imagen);
+        anota(Pintado::Clase::Imagen, e, {}, QRectF(r.topLeft(), imagen.size()), pagina);
         return;
     }
     case ElementoInforme::Clase::Texto: {
