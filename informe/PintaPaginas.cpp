@@ -6,6 +6,7 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <map>
+#include <optional>
 #include <tuple>
 
 namespace vk::informe {
@@ -48,10 +49,21 @@ private:
         return it->second;
     }
 
+    // One QFont per design font: the font engine it finds stays with it.
+    const QFont& fuente(const Fuente& f) {
+        auto it = fuentes_.find(f);
+        if (it == fuentes_.end()) {
+            it = fuentes_.emplace(f, FuenteQt(f)).first;
+        }
+        return it->second;
+    }
+
     QPainter& p_;
     double k_;
     std::vector<Pintado>& pintados_;
     std::map<std::tuple<qint64, int, int>, QImage> escaladas_;
+    std::map<Fuente, QFont> fuentes_;
+    std::optional<Fuente> fuenteActual_; // the painter's font
 };
 
 void Pintor::pinta(const ElementoInforme& e, int pagina) {
@@ -93,7 +105,11 @@ void Pintor::pinta(const ElementoInforme& e, int pagina) {
         return;
     }
     case ElementoInforme::Clase::Texto: {
-        p_.setFont(FuenteQt(e.fuente));
+        // A font set again would cost a new lookup of its font engine.
+        if (!fuenteActual_ || *fuenteActual_ < e.fuente || e.fuente < *fuenteActual_) {
+            p_.setFont(fuente(e.fuente));
+            fuenteActual_ = e.fuente;
+        }
         p_.setPen(qcolor(e.color));
         QRectF ocupado;
         p_.drawText(CajaTexto(e, k_), e.banderas, e.texto, &ocupado);
