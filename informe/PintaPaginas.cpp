@@ -17,6 +17,10 @@ QColor qcolor(int c) {
     return QColor((c >> 16) & 0xff, (c >> 8) & 0xff, c & 0xff);
 }
 
+bool mismaFuente(const Fuente& a, const Fuente& b) {
+    return !(a < b) && !(b < a);
+}
+
 class Pintor {
 public:
     Pintor(QPainter& p, const QPaintDevice& dev, std::vector<Pintado>& pintados)
@@ -49,7 +53,7 @@ private:
         return it->second;
     }
 
-    // One QFont per design font: the font engine it finds stays with it.
+    // One QFont per design font, built once for the job.
     const QFont& fuente(const Fuente& f) {
         auto it = fuentes_.find(f);
         if (it == fuentes_.end()) {
@@ -106,7 +110,7 @@ void Pintor::pinta(const ElementoInforme& e, int pagina) {
     }
     case ElementoInforme::Clase::Texto: {
         // A font set again would cost a new lookup of its font engine.
-        if (!fuenteActual_ || *fuenteActual_ < e.fuente || e.fuente < *fuenteActual_) {
+        if (!fuenteActual_ || !mismaFuente(*fuenteActual_, e.fuente)) {
             p_.setFont(fuente(e.fuente));
             fuenteActual_ = e.fuente;
         }
