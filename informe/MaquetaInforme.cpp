@@ -1,15 +1,17 @@
 #include "MaquetaInforme.h"
 
 #include "Formula.h"
+#include "LecturasMaqueta.h"
 #include "MensajesInforme.h"
 
 #include <Error.h>
 #include <Formato.h>
 #include <QDate>
-#include <QFontMetricsF>
 #include <QPaintDevice>
 #include <QRegularExpression>
 #include <cmath>
+#include <map>
+#include <utility>
 
 namespace vk::informe {
 
@@ -56,8 +58,8 @@ private:
 
 class Maquetador {
 public:
-    Maquetador(Reporte& r, const QPaintDevice& dev)
-        : r_(r), d_(r.Datos()), dev_(dev), k_(UnidadesPorTwip(dev)) {}
+    Maquetador(Reporte& r, const QPaintDevice& dev, LecturasMaqueta& lecturas)
+        : r_(r), d_(r.Datos()), dev_(dev), k_(UnidadesPorTwip(dev)), lecturas_(lecturas) {}
 
     InformeMaquetado Ejecuta();
 
@@ -85,11 +87,16 @@ private:
 
     // --- values ---
     QVariant valor(const ObjetoInforme& o, int fila, const InfoPagina& p) const;
-    QString texto(const ObjetoInforme& o, int fila, const InfoPagina& p) const;
-    bool visible(const QString& condicion, int fila) const {
-        return condicion.trimmed().isEmpty() ||
-               EsVerdadero(EvaluaFormula(condicion, Contexto(d_, r_.FormulaFields, fila)));
-    }
+    // The value as the object shows it.
+    static QString texto(const ObjetoInforme& o, const QVariant& v);
+    // An object's value and text for a row, worked out once: a section is
+    // measured and then placed, and both need them.
+    struct Mostrado {
+        QVariant valor;
+        QString texto;
+    };
+    Mostrado mostrado(const ObjetoInforme& o, int fila, const InfoPagina& p) const;
+    bool visible(const QString& condicion, int fila) const;
     bool visible(const Seccion& s, int fila) const {
         return !s.Suppress && visible(s.VisibleSi, fila);
     }
@@ -138,6 +145,7 @@ private:
     const DatosInforme& d_;
     const QPaintDevice& dev_;
     double k_;
+    LecturasMaqueta& lecturas_; // shared with the subreports' layouts
     std::vector<Pagina> paginas_;
     int y_ = 0;
     int limite_ = 0;
@@ -145,7 +153,42 @@ private:
     bool forzarPagina_ = false;
     int activos_ = 0;   // group levels whose header has been printed
     int instancia_ = 0; // instance of the page-numbering group
+    // What mostrado() and visible() worked out, by object or condition (of
+    // the report, which does not change while it is laid out) and row.
+    mutable std::map<std::pair<const ObjetoInforme*, int>, Mostrado> mostrados_;
+    mutable std::map<std::pair<const QString*, int>, bool> visibles_;
 };
+
+bool Maquetador::visible(const QString& condicion, int fila) const {
+    if (condicion.trimmed().isEmpty()) {
+        return true;
+    }
+    const auto clave = std::make_pair(&condicion, fila);
+    auto it = visibles_.find(clave);
+    if (it == visibles_.end()) {
+        const bool si = EsVerdadero(EvaluaFormula(condicion, Contexto(d_, r_.FormulaFields, fila)));
+        it = visibles_.emplace(clave, si).first;
+    }
+    return it->second;
+}
+
+Maquetador::Mostrado Maquetador::mostrado(const ObjetoInforme& o, int fila,
+                                          const InfoPagina& p) const {
+    // A special field depends on the page as well.
+    if (o.Tipo == TipoObjeto::Especial) {
+        QVariant v = valor(o, fila, p);
+        QString t = texto(o, v);
+        return {std::move(v), std::move(t)};
+    }
+    const auto clave = std::make_pair(&o, fila);
+    auto it = mostrados_.find(clave);
+    if (it == mostrados_.end()) {
+        QVariant v = valor(o, fila, p);
+        QString t = texto(o, v);
+        it = mostrados_.emplace(clave, Mostrado{std::move(v), std::move(t)}).first;
+    }
+    return it->second;
+}
 
 int Maquetador::nivel(const Seccion& s) const {
     for (size_t i = 0; i < r_.Grupos.size(); ++i) {
@@ -201,8 +244,7 @@ QVariant Maquetador::valor(const ObjetoInforme& o, int fila, const InfoPagina& p
     }
 }
 
-QString Maquetador::texto(const ObjetoInforme& o, int fila, const InfoPagina& p) const {
-    const QVariant v = valor(o, fila, p);
+QString Maquetador::texto(const ObjetoInforme& o, const QVariant& v) {
     if (o.SuprimeSiCero && !EsVerdadero(v)) {
         return {};
     }
@@ -269,15 +311,12 @@ int Maquetador::crecimiento(const ObjetoInforme& o, int fila) const {
     if (!o.CanGrow || !esTexto(o)) {
         return 0;
     }
-    const InfoPagina info;
-    const QString t = texto(o, fila, info);
+    const auto [v, t] = mostrado(o, fila, InfoPagina());
     if (t.isEmpty()) {
         return 0;
     }
-    const QFontMetricsF fm(FuenteQt(o.Font), &dev_);
     const double ancho = (o.Width - 2 * relleno(o)) * k_;
-    const QRectF caja =
-        fm.boundingRect(QRectF(0, 0, ancho, 1e7), banderas(o, valor(o, fila, info)), t);
+    const QRectF caja = lecturas_.Caja(o.Font, ancho, banderas(o, v), t);
     return std::max(0, static_cast<int>(std::ceil(caja.height() / k_)) - o.Height);
 }
 
@@ -555,7 +594,7 @@ std::vector<Maquetador::Colocada> Maquetador::maquetaSubinforme(const ObjetoInfo
     if (filas.empty()) {
         return r;
     }
-    const Maquetador m(sub, dev_);
+    const Maquetador m(sub, dev_, lecturas_);
     int y = 0;
     auto anade = [&](TipoSeccion t, int f) {
         for (const Seccion* s : m.deTipo(t)) {
@@ -624,7 +663,7 @@ void Maquetador::situaObjeto(const ObjetoInforme& o, int fila, double x0, double
         if (secciones.empty()) {
             return;
         }
-        const Maquetador m(r_.OpenSubreport(o.Texto), dev_);
+        const Maquetador m(r_.OpenSubreport(o.Texto), dev_, lecturas_);
         for (Colocada c : secciones) {
             c.top += static_cast<int>(y0) + o.Top + a.baja;
             m.situa(c, info, x0 + o.Left, salida);
@@ -632,7 +671,7 @@ void Maquetador::situaObjeto(const ObjetoInforme& o, int fila, double x0, double
         return;
     }
     case TipoObjeto::Imagen:
-        e.imagen = QImage(valor(o, fila, info).toString());
+        e.imagen = lecturas_.Imagen(valor(o, fila, info).toString());
         if (!e.imagen.isNull()) {
             e.clase = ElementoInforme::Clase::Imagen;
             salida.push_back(std::move(e));
@@ -641,8 +680,7 @@ void Maquetador::situaObjeto(const ObjetoInforme& o, int fila, double x0, double
     default:
         break;
     }
-    const QVariant v = valor(o, fila, info);
-    const QString t = texto(o, fila, info);
+    const auto [v, t] = mostrado(o, fila, info);
     if (o.BackColor != kSinColor) {
         ElementoInforme fondo = e;
         fondo.clase = ElementoInforme::Clase::Relleno;
@@ -675,11 +713,10 @@ void Maquetador::situaObjeto(const ObjetoInforme& o, int fila, double x0, double
 }
 
 QString Maquetador::recortado(const ElementoInforme& e) const {
-    const QFontMetricsF fm(FuenteQt(e.fuente), &dev_);
     const double ancho = CajaTexto(e, k_).width();
     QStringList lineas = e.texto.split(u'\n');
     for (QString& l : lineas) {
-        l = fm.elidedText(l, Qt::ElideRight, ancho);
+        l = lecturas_.Recorta(e.fuente, ancho, l);
     }
     return lineas.join(u'\n');
 }
@@ -708,7 +745,8 @@ double UnidadesPorTwip(const QPaintDevice& dispositivo) {
 }
 
 InformeMaquetado MaquetaInforme(Reporte& reporte, const QPaintDevice& medidas) {
-    Maquetador m(reporte, medidas);
+    LecturasMaqueta lecturas(medidas);
+    Maquetador m(reporte, medidas, lecturas);
     return m.Ejecuta();
 }
 

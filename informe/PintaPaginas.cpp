@@ -5,6 +5,9 @@
 #include <Error.h>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <map>
+#include <optional>
+#include <tuple>
 
 namespace vk::informe {
 
@@ -12,6 +15,10 @@ namespace {
 
 QColor qcolor(int c) {
     return QColor((c >> 16) & 0xff, (c >> 8) & 0xff, c & 0xff);
+}
+
+bool mismaFuente(const Fuente& a, const Fuente& b) {
+    return !(a < b) && !(b < a);
 }
 
 class Pintor {
@@ -32,9 +39,35 @@ private:
                                     dispositivo.width() / k_, dispositivo.height() / k_)});
     }
 
+    // The picture fitted to the size, scaled once per picture and size: the
+    // logo of every page is then one QImage, which a PDF writer embeds once.
+    const QImage& escalada(const QImage& imagen, const QSize& tamano) {
+        const auto clave = std::make_tuple(imagen.cacheKey(), tamano.width(), tamano.height());
+        auto it = escaladas_.find(clave);
+        if (it == escaladas_.end()) {
+            it = escaladas_
+                     .emplace(clave,
+                              imagen.scaled(tamano, Qt::KeepAspectRatio, Qt::SmoothTransformation))
+                     .first;
+        }
+        return it->second;
+    }
+
+    // One QFont per design font, built once for the job.
+    const QFont& fuente(const Fuente& f) {
+        auto it = fuentes_.find(f);
+        if (it == fuentes_.end()) {
+            it = fuentes_.emplace(f, FuenteQt(f)).first;
+        }
+        return it->second;
+    }
+
     QPainter& p_;
     double k_;
     std::vector<Pintado>& pintados_;
+    std::map<std::tuple<qint64, int, int>, QImage> escaladas_;
+    std::map<Fuente, QFont> fuentes_;
+    std::optional<Fuente> fuenteActual_; // the painter's font
 };
 
 void Pintor::pinta(const ElementoInforme& e, int pagina) {
@@ -70,14 +103,17 @@ void Pintor::pinta(const ElementoInforme& e, int pagina) {
                     QPointF(r.left() + e.rect.width() * k_, r.top() + e.rect.height() * k_));
         return;
     case ElementoInforme::Clase::Imagen: {
-        const QImage escalada =
-            e.imagen.scaled(r.size().toSize(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        p_.drawImage(QPointF(r.left(), r.top()), escalada);
-        anota(Pintado::Clase::Imagen, e, {}, QRectF(r.topLeft(), escalada.size()), pagina);
+        const QImage& imagen = escalada(e.imagen, r.size().toSize());
+        p_.drawImage(QPointF(r.left(), r.top()), imagen);
+        anota(Pintado::Clase::Imagen, e, {}, QRectF(r.topLeft(), imagen.size()), pagina);
         return;
     }
     case ElementoInforme::Clase::Texto: {
-        p_.setFont(FuenteQt(e.fuente));
+        // A font set again would cost a new lookup of its font engine.
+        if (!fuenteActual_ || !mismaFuente(*fuenteActual_, e.fuente)) {
+            p_.setFont(fuente(e.fuente));
+            fuenteActual_ = e.fuente;
+        }
         p_.setPen(qcolor(e.color));
         QRectF ocupado;
         p_.drawText(CajaTexto(e, k_), e.banderas, e.texto, &ocupado);

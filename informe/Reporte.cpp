@@ -128,7 +128,20 @@ Seccion& ColeccionSecciones::Item(int indice) {
     return items_[static_cast<size_t>(indice - 1)];
 }
 
+void DatosInforme::IndexaColumnas() {
+    porNombre_.clear();
+    for (int i = 0; i < columnas.size(); ++i) {
+        const QString clave = columnas[i].toCaseFolded();
+        if (!porNombre_.contains(clave)) { // the first of a repeated name wins
+            porNombre_.insert(clave, i);
+        }
+    }
+}
+
 int DatosInforme::indice(const QString& columna) const {
+    if (!porNombre_.isEmpty()) {
+        return porNombre_.value(columna.toCaseFolded(), -1);
+    }
     for (int i = 0; i < columnas.size(); ++i) {
         if (mismoNombre(columnas[i], columna)) {
             return i;
@@ -175,6 +188,7 @@ void Reporte::ReadRecords() {
     Recordset rs = *origen;
     DatosInforme d;
     d.columnas = rs.NombresCampos();
+    d.IndexaColumnas();
     if (rs.RecordCount() > 0) {
         for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
             std::vector<QVariant> fila;

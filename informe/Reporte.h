@@ -7,12 +7,14 @@
 // and painting are MaquetaInforme's and the sinks' business.
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 #include <Recordset.h>
 #include <memory>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 namespace vk::informe {
@@ -34,6 +36,12 @@ struct Fuente {
     double puntos = 9;
     bool negrita = false;
     bool cursiva = false;
+
+    // An order, so that what is worked out per font can be kept by font.
+    friend bool operator<(const Fuente& a, const Fuente& b) {
+        return std::tie(a.familia, a.puntos, a.negrita, a.cursiva) <
+               std::tie(b.familia, b.puntos, b.negrita, b.cursiva);
+    }
 };
 
 enum class TipoObjeto {
@@ -155,6 +163,12 @@ struct DatosInforme {
     QStringList columnas;
     std::vector<std::vector<QVariant>> filas;
     int indice(const QString& columna) const; // case-insensitive, -1 when absent
+    // Builds the lookup that indice() uses once the columns are set: the
+    // layout asks for columns by name for every object of every row.
+    void IndexaColumnas();
+
+private:
+    QHash<QString, int> porNombre_; // case-folded name -> its first column
 };
 
 class TablaInforme {
