@@ -27,11 +27,17 @@ bool BdParametro::Activo() const {
 
 void BdParametros::Carga(const Recordset& rs) {
     items_.clear();
+    indice_.clear();
     tieneFila_ = !rs.Eof();
     items_.reserve(rs.FieldCount());
     for (int i = 0; i < rs.FieldCount(); ++i) {
         const Campo c = rs.Fields(i);
         items_.emplace_back(c.Name(), tieneFila_ ? c.Value() : QVariant());
+        // The first column of a name wins, as the search in order did.
+        const QString clave = c.Name().toCaseFolded();
+        if (!indice_.contains(clave)) {
+            indice_.insert(clave, i);
+        }
     }
 }
 
@@ -48,12 +54,8 @@ const BdParametro& BdParametros::Item(const QString& nombre) const {
 }
 
 int BdParametros::buscar(const QString& nombre) const {
-    for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
-        if (items_[i].SeLlama(nombre)) {
-            return i;
-        }
-    }
-    return -1;
+    const auto it = indice_.constFind(nombre.trimmed().toCaseFolded());
+    return it == indice_.constEnd() ? -1 : *it;
 }
 
 } // namespace vk

@@ -5,6 +5,7 @@
 
 #include "Recordset.h"
 
+#include <QHash>
 #include <QString>
 #include <QVariant>
 #include <vector>
@@ -61,6 +62,9 @@ public:
 private:
     int buscar(const QString& nombre) const;
     std::vector<BdParametro> items_;
+    // Position of each name, case-folded: the engine asks for
+    // several parameters per invoice out of some two hundred.
+    QHash<QString, int> indice_;
     bool tieneFila_ = false;
 };
 
