@@ -133,6 +133,25 @@ void Conexion::Cierra() {
 }
 
 Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) {
+    std::vector<std::vector<QVariant>> filas;
+    QStringList nombres =
+        ejecuta(sql, parametros, [&filas](const QStringList&, std::vector<QVariant>&& f) {
+            filas.push_back(std::move(f));
+        });
+    return Recordset(std::move(nombres), std::move(filas));
+}
+
+void Conexion::Recorre(const QString& sql, const QVariantList& parametros,
+                       const std::function<void(const Recordset&)>& porFila) {
+    ejecuta(sql, parametros, [&porFila](const QStringList& nombres, std::vector<QVariant>&& f) {
+        std::vector<std::vector<QVariant>> una;
+        una.push_back(std::move(f));
+        porFila(Recordset(nombres, std::move(una)));
+    });
+}
+
+QStringList Conexion::ejecuta(const QString& sql, const QVariantList& parametros,
+                              const FilaLeida& porFila) {
     ++sentencias_;
     // Statements the invoicing repeats are kept prepared, with parameters or
     // without; PostgreSQL prepares only data statements. A change of schema
@@ -203,21 +222,20 @@ Recordset Conexion::Execute(const QString& sql, const QVariantList& parametros) 
             preparada->conNombres = true;
         }
     }
-    std::vector<std::vector<QVariant>> filas;
     while (q.next()) {
         std::vector<QVariant> fila;
         fila.reserve(nombres.size());
         for (int i = 0; i < nombres.size(); ++i) {
             fila.push_back(q.value(i));
         }
-        filas.push_back(std::move(fila));
+        porFila(nombres, std::move(fila));
     }
     if (q.lastError().isValid()) {
         throw falla();
     }
     // Releases the statement's read snapshot: the rows are ours now.
     q.finish();
-    return Recordset(std::move(nombres), std::move(filas));
+    return nombres;
 }
 
 int Conexion::BeginTrans() {

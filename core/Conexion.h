@@ -10,7 +10,9 @@
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace vk {
 
@@ -31,6 +33,11 @@ public:
     Recordset Execute(const QString& sql, const QVariant& primero, const T&... resto) {
         return Execute(sql, QVariantList{primero, QVariant::fromValue(resto)...});
     }
+    // Runs a SELECT and hands each row, as a recordset of one row, to
+    // `porFila` as it is read, keeping none: for long lists read once. The
+    // callback must not run statements on this connection.
+    void Recorre(const QString& sql, const QVariantList& parametros,
+                 const std::function<void(const Recordset&)>& porFila);
     // Rows changed by the last statement that changed rows.
     int RecordsAffected() const { return filasAfectadas_; }
 
@@ -58,6 +65,10 @@ private:
         bool conNombres = false;
     };
     Preparada& preparada(const QString& sql, bool& nueva);
+    // Runs one statement, handing each row to `porFila`; the result's names.
+    using FilaLeida = std::function<void(const QStringList&, std::vector<QVariant>&&)>;
+    QStringList ejecuta(const QString& sql, const QVariantList& parametros,
+                        const FilaLeida& porFila);
     QHash<QString, std::shared_ptr<Preparada>> preparadas_;
     // Ends the outermost transaction, whether or not the engine still has it.
     void deshazTodo();

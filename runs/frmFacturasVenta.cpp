@@ -13,6 +13,7 @@
 #include <Interaccion.h>
 #include <MensajesMotor.h>
 #include <NombreCliente.h>
+#include <QHash>
 #include <ReglasFecha.h>
 #include <TransaccionPorLotes.h>
 #include <VKFACVENTAS.h>
@@ -153,18 +154,19 @@ void frmFacturasVenta::cmdBuscar() {
             .arg(nombreCliente_, agente, f.sql,
                  Check1 ? QString() : QStringLiteral(" AND Lav_Importe <> 0 "),
                  chkGroupAgentes ? QString() : QStringLiteral(", Cav_Agente"));
-    Recordset rs = bd_.cn().Execute(sql, f.parametros);
-    if (rs.Eof()) {
-        Text1_14_Enabled = false;
-        Text1[14].clear();
-        Ui().Mensaje(mensajes::kSinAlbaranesPendientes, Icono::Informacion, Caption);
-        return;
-    }
-    for (; !rs.Eof(); rs.MoveNext()) {
+    // Read row by row into the list: with tens of thousands of groups the
+    // rows are never held twice.
+    QHash<QString, QString> formas; // one copy of each payment terms' name
+    bd_.cn().Recorre(sql, f.parametros, [&](const Recordset& rs) {
         GrupoFacturable g;
         g.Cav_Idcli = static_cast<qint32>(rs.Fields(QStringLiteral("Cav_Idcli")).Entero());
         g.Cli_Nom = rs.Fields(QStringLiteral("Cli_Nom")).Texto();
-        g.Fco_Des = rs.Fields(QStringLiteral("Fco_Des")).Texto();
+        const QString forma = rs.Fields(QStringLiteral("Fco_Des")).Texto();
+        auto it = formas.constFind(forma);
+        if (it == formas.constEnd()) {
+            it = formas.insert(forma, forma);
+        }
+        g.Fco_Des = *it;
         g.cav_dto1 = rs.Fields(QStringLiteral("cav_dto1")).Doble();
         g.cav_dto2 = rs.Fields(QStringLiteral("cav_dto2")).Doble();
         g.CLI_ImpMin = rs.Fields(QStringLiteral("CLI_ImpMin")).Doble();
@@ -182,6 +184,13 @@ void frmFacturasVenta::cmdBuscar() {
         g.CLI_RetNFiscal = rs.Fields(QStringLiteral("CLI_RetNFiscal")).Doble();
         g.CLI_ModoRetNF = static_cast<qint16>(rs.Fields(QStringLiteral("CLI_ModoRetNF")).Entero());
         dbgCli.push_back(std::move(g));
+    });
+    dbgCli.shrink_to_fit();
+    if (dbgCli.empty()) {
+        Text1_14_Enabled = false;
+        Text1[14].clear();
+        Ui().Mensaje(mensajes::kSinAlbaranesPendientes, Icono::Informacion, Caption);
+        return;
     }
     // The attention line is typed for one invoice only.
     Text1_14_Enabled = dbgCli.size() == 1;
