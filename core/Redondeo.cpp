@@ -1,8 +1,8 @@
 #include "Redondeo.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -28,8 +28,12 @@ double Redondea(double valor, int decimales) {
         return 0.0;
     }
     // Decimal mantissa of 15 significant digits: "d.dddddddddddddde+XX".
+    // to_chars writes what printf's "%.14e" would, without its locale and
+    // format parsing.
     char texto[40];
-    std::snprintf(texto, sizeof texto, "%.14e", std::fabs(valor));
+    const std::to_chars_result fin = std::to_chars(
+        texto, texto + sizeof texto - 1, std::fabs(valor), std::chars_format::scientific, 14);
+    *fin.ptr = '\0';
     const char* e = std::strchr(texto, 'e');
     std::int64_t mantisa = 0;
     for (const char* c = texto; c != e; ++c) {

@@ -3,7 +3,9 @@
 namespace vk {
 
 TransaccionPorLotes::TransaccionPorLotes(Conexion& cn, int maximo, std::chrono::milliseconds espera)
-    : cn_(cn), maximo_(maximo), espera_(espera) {}
+    : cn_(cn),
+      maximo_(maximo > 0 ? maximo : (cn.dialecto().esSQLite() ? kMaximoSqlite : kMaximoPostgres)),
+      espera_(espera) {}
 
 void TransaccionPorLotes::Empieza() {
     if (!transaccion_) {

@@ -17,11 +17,14 @@ namespace vk {
 class TransaccionPorLotes {
 public:
     // PostgreSQL keeps the ids of 64 subtransactions per transaction in
-    // shared memory; an invoice uses two or three.
-    static constexpr int kMaximoPorDefecto = 16;
+    // shared memory, and an invoice uses two or three; SQLite has no such
+    // limit, and each page a batch shares is written to the log once.
+    static constexpr int kMaximoPostgres = 16;
+    static constexpr int kMaximoSqlite = 64;
     static constexpr std::chrono::milliseconds kEsperaPorDefecto{30};
 
-    explicit TransaccionPorLotes(Conexion& cn, int maximo = kMaximoPorDefecto,
+    // `maximo` 0 takes the engine's.
+    explicit TransaccionPorLotes(Conexion& cn, int maximo = 0,
                                  std::chrono::milliseconds espera = kEsperaPorDefecto);
 
     // Before a unit: opens the batch's transaction when none is open.

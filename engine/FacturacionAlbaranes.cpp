@@ -9,6 +9,7 @@
 #include <BdSesion.h>
 #include <ErrorBd.h>
 #include <Formato.h>
+#include <QSet>
 #include <VKFACVENTAS.h>
 #include <algorithm>
 
@@ -26,6 +27,36 @@ QString numeroAlbaran(BdSesion& bd, qint32 idCav) {
     }
     return rs.Fields(0).Texto().trimmed() + QLatin1Char('/') +
            QString::number(rs.Fields(1).Entero());
+}
+
+// "?, ?, ?" for a list of `n` values.
+QString marcadores(std::size_t n) {
+    QString texto = QStringLiteral("?, ").repeated(static_cast<qsizetype>(n));
+    texto.chop(2);
+    return texto;
+}
+
+// The first note of the list, in its order, that is no longer pending (or
+// stands twice in it): the one another user took.
+qint32 primeroNoPendiente(BdSesion& bd, const std::vector<qint32>& albaranes) {
+    QVariantList valores;
+    for (const qint32 idCav : albaranes) {
+        valores << idCav;
+    }
+    QSet<qint32> pendientes;
+    Recordset rs = bd.cn().Execute(QStringLiteral("SELECT Cav_Id FROM Cav WHERE Cav_Id IN (%1) "
+                                                  "AND +Cav_Situa = 1 AND +Cav_IdFactura IS NULL")
+                                       .arg(marcadores(albaranes.size())),
+                                   valores);
+    for (; !rs.Eof(); rs.MoveNext()) {
+        pendientes.insert(static_cast<qint32>(rs.Fields(0).Entero()));
+    }
+    for (const qint32 idCav : albaranes) {
+        if (!pendientes.remove(idCav)) {
+            return idCav;
+        }
+    }
+    return albaranes.front();
 }
 
 void rellenaCabecera(VKFACVENTAS& f, const CabeceraFactura& c, qint32 primerAlbaran) {
@@ -127,16 +158,26 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
         }
 
         // A note is linked only while it is still pending: another user's run
-        // may have taken it since this one listed it.
-        for (const qint32 idCav : albaranes) {
+        // may have taken it since this one listed it. All of them in one
+        // statement; when one is missing, the first taken is named. The
+        // unary "+" keeps SQLite from reading the state's index, which holds
+        // every pending note, instead of the keys.
+        if (!albaranes.empty()) {
+            QVariantList valores{id};
+            for (const qint32 idCav : albaranes) {
+                valores << idCav;
+            }
             cn.Execute(
-                QStringLiteral("UPDATE Cav SET Cav_Situa = 2, Cav_IdFactura = ? WHERE Cav_Id "
-                               "= ? AND Cav_Situa = 1 AND Cav_IdFactura IS NULL"),
-                {id, idCav});
-            if (cn.RecordsAffected() != 1) {
+                QStringLiteral("UPDATE Cav SET Cav_Situa = 2, Cav_IdFactura = ? WHERE "
+                               "Cav_Id IN (%1) AND +Cav_Situa = 1 AND +Cav_IdFactura IS NULL")
+                    .arg(marcadores(albaranes.size())),
+                valores);
+            if (cn.RecordsAffected() != static_cast<int>(albaranes.size())) {
                 t.Deshaz();
                 f.IdFactu = 0;
-                return fallo(E::NoHecha, mensajes::kAlbaranTomado.arg(numeroAlbaran(bd, idCav)),
+                return fallo(E::NoHecha,
+                             mensajes::kAlbaranTomado.arg(
+                                 numeroAlbaran(bd, primeroNoPendiente(bd, albaranes))),
                              nullptr);
             }
         }

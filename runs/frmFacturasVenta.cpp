@@ -376,10 +376,18 @@ void frmFacturasVenta::cmdFacturar() {
     }
 }
 
+QDate frmFacturasVenta::fechaFactura() const {
+    // Read once per text: a run asks for every invoice.
+    if (!fechaLeida_ || fechaLeida_->first != Text1[6]) {
+        fechaLeida_.emplace(Text1[6], fechaDe(Text1[6]).value_or(QDate()));
+    }
+    return fechaLeida_->second;
+}
+
 CabeceraFactura frmFacturasVenta::cabecera(const GrupoFacturable& g) const {
     CabeceraFactura c;
     c.serie = Text1[5];
-    c.fecha = fechaDe(Text1[6]).value_or(QDate());
+    c.fecha = fechaFactura();
     c.idCliente = g.Cav_Idcli;
     // Each invoice takes its own customer's attention line and retention,
     // in both runs: never what the previous invoice left on the facade.

@@ -13,6 +13,8 @@
 #include <Recordset.h>
 #include <VKFACVENTAS.h>
 #include <array>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace vk {
@@ -127,6 +129,9 @@ private:
     void msCargarAlbaranes();
     bool compruebaFacturacion();
     CabeceraFactura cabecera(const GrupoFacturable& g) const;
+    // The invoice date typed in Text1[6]; invalid when it is not a date.
+    QDate fechaFactura() const;
+    mutable std::optional<std::pair<QString, QDate>> fechaLeida_;
     ResultadoFacturacion facturaAlbaranes(const GrupoFacturable& g,
                                           const std::vector<qint32>& albaranes);
     // What the invoices since the last commit made and met: reported only
