@@ -95,6 +95,10 @@ Clase claseDe(const QString& sql) {
 
 } // namespace
 
+QString MarcadoresSql(qsizetype n) {
+    return QStringList(n, QStringLiteral("?")).join(QStringLiteral(", "));
+}
+
 Conexion::Conexion(QString nombreConexion, Dialecto dialecto)
     : nombre_(std::move(nombreConexion)), dialecto_(dialecto) {}
 

@@ -80,6 +80,19 @@ private:
     qint64 sentencias_ = 0;
 };
 
+// "?, ?, ?": the placeholders of a list bound value by value.
+QString MarcadoresSql(qsizetype n);
+
+// The values of a list, to bind to its placeholders.
+template <typename Lista> QVariantList ValoresSql(const Lista& lista) {
+    QVariantList valores;
+    valores.reserve(static_cast<qsizetype>(lista.size()));
+    for (const auto& v : lista) {
+        valores << v;
+    }
+    return valores;
+}
+
 // Rolls back unless Confirma() was called: a failed step never leaves half an
 // invoice behind.
 class Transaccion {

@@ -81,8 +81,7 @@ int siembra(BdSesion& s, const Siembra& def) {
                                .arg(tabla, condiciones.join(QStringLiteral(" AND ")));
     const QString inserta =
         QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-            .arg(tabla, columnas.join(QStringLiteral(", ")),
-                 QStringList(columnas.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
+            .arg(tabla, columnas.join(QStringLiteral(", ")), MarcadoresSql(columnas.size()));
     const bool tieneFecha = columnas.contains(QStringLiteral("Tiva_Fecha"));
     int anadidas = 0;
     for (const QStringList& fila : csv.filas) {

@@ -29,25 +29,14 @@ QString numeroAlbaran(BdSesion& bd, qint32 idCav) {
            QString::number(rs.Fields(1).Entero());
 }
 
-// "?, ?, ?" for a list of `n` values.
-QString marcadores(std::size_t n) {
-    QString texto = QStringLiteral("?, ").repeated(static_cast<qsizetype>(n));
-    texto.chop(2);
-    return texto;
-}
-
 // The first note of the list, in its order, that is no longer pending (or
 // stands twice in it): the one another user took.
 qint32 primeroNoPendiente(BdSesion& bd, const std::vector<qint32>& albaranes) {
-    QVariantList valores;
-    for (const qint32 idCav : albaranes) {
-        valores << idCav;
-    }
     QSet<qint32> pendientes;
     Recordset rs = bd.cn().Execute(QStringLiteral("SELECT Cav_Id FROM Cav WHERE Cav_Id IN (%1) "
                                                   "AND +Cav_Situa = 1 AND +Cav_IdFactura IS NULL")
-                                       .arg(marcadores(albaranes.size())),
-                                   valores);
+                                       .arg(MarcadoresSql(albaranes.size())),
+                                   ValoresSql(albaranes));
     for (; !rs.Eof(); rs.MoveNext()) {
         pendientes.insert(static_cast<qint32>(rs.Fields(0).Entero()));
     }
@@ -163,15 +152,11 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
         // unary "+" keeps SQLite from reading the state's index, which holds
         // every pending note, instead of the keys.
         if (!albaranes.empty()) {
-            QVariantList valores{id};
-            for (const qint32 idCav : albaranes) {
-                valores << idCav;
-            }
             cn.Execute(
                 QStringLiteral("UPDATE Cav SET Cav_Situa = 2, Cav_IdFactura = ? WHERE "
                                "Cav_Id IN (%1) AND +Cav_Situa = 1 AND +Cav_IdFactura IS NULL")
-                    .arg(marcadores(albaranes.size())),
-                valores);
+                    .arg(MarcadoresSql(albaranes.size())),
+                QVariantList{id} + ValoresSql(albaranes));
             if (cn.RecordsAffected() != static_cast<int>(albaranes.size())) {
                 t.Deshaz();
                 f.IdFactu = 0;

@@ -18,14 +18,6 @@ namespace vk {
 
 namespace {
 
-QVariantList parametros(const QVector<qint32>& ids) {
-    QVariantList p;
-    for (const qint32 id : ids) {
-        p << id;
-    }
-    return p;
-}
-
 // The suffix of a country that is not the home one ('011'): "-" and its
 // tax agency code.
 QString sufijoPais(const QString& columna) {
@@ -169,7 +161,7 @@ DatosTransportes LeeDatosTransportes(BdSesion& bd, const QVector<qint32>& ids) {
         return d;
     }
     Conexion& cn = bd.cn();
-    const QVariantList p = parametros(ids);
+    const QVariantList p = ValoresSql(ids);
     const QString marcas = MarcadoresSql(ids.size());
     const QString clave = bd.Parametros().Texto(QStringLiteral("PAR_PLANTILLA_FAC")).toUpper();
     QString serie;

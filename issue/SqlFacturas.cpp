@@ -115,10 +115,6 @@ QString fnSqlFacturas(BdSesion& bd) {
     return sql;
 }
 
-QString MarcadoresSql(qsizetype n) {
-    return QStringList(n, QStringLiteral("?")).join(QStringLiteral(", "));
-}
-
 namespace {
 
 // MencionIva: the mentions of the regimes of an invoice's lines, each text
@@ -157,9 +153,7 @@ void anadeMencionIva(Recordset& rs) {
 
 // "?, ?, ?" and the ids to bind to it.
 QString marcadores(const QVector<qint32>& ids, QVariantList& params) {
-    for (const qint32 id : ids) {
-        params << id;
-    }
+    params << ValoresSql(ids);
     return MarcadoresSql(ids.size());
 }
 

@@ -20,9 +20,6 @@ namespace vk {
 // below, so the rows are read through them.
 QString fnSqlFacturas(BdSesion& bd);
 
-// "?, ?, ?": the placeholders of a list bound value by value.
-QString MarcadoresSql(qsizetype n);
-
 // The rows of those invoices, ordered as the issue orders them (note date,
 // note series and number, line order); ids are bound. Empty ids give no rows.
 Recordset LeeFilasFacturas(BdSesion& bd, const QVector<qint32>& ids);

@@ -18,7 +18,9 @@
 #include <TransaccionPorLotes.h>
 #include <VKFACVENTAS.h>
 #include <algorithm>
+#include <iterator>
 #include <optional>
+#include <utility>
 
 namespace vk {
 
@@ -413,9 +415,7 @@ ResultadoFacturacion frmFacturasVenta::facturaAlbaranes(const GrupoFacturable& g
                                                         const std::vector<qint32>& albaranes) {
     ResultadoFacturacion r = FacturaAlbaranes(factura_, cabecera(g), albaranes);
     if (r.Creada()) {
-        porConfirmar_.facturas.push_back(r.idFactura);
-        porConfirmar_.nombres.push_back(r.factura);
-        porConfirmar_.clientes.push_back(g.Cli_Nom.trimmed());
+        porConfirmar_.facturas.push_back({r.idFactura, r.factura, g.Cli_Nom.trimmed()});
     }
     if (r.estado != EstadoFacturacion::Hecha && !r.motivo.isEmpty()) {
         porConfirmar_.incidencias.push_back({r.factura, g.Cli_Nom.trimmed(), r.motivo});
@@ -440,28 +440,36 @@ void frmFacturasVenta::actualizaEstadisticas(std::size_t hechas, std::size_t& um
 }
 
 void frmFacturasVenta::confirmaLote(TransaccionPorLotes& lote, QVector<qint32>& ids) {
-    PorConfirmar hechas;
-    std::swap(hechas, porConfirmar_);
+    PorConfirmar hechas = std::exchange(porConfirmar_, {});
     try {
         lote.Confirma();
     } catch (const ErrorBd& e) {
         // Nothing of the batch stands: its notes are pending again.
-        for (std::size_t k = 0; k < hechas.facturas.size(); ++k) {
-            incidencias.push_back({hechas.nombres[k], hechas.clientes[k],
-                                   mensajes::kLoteNoGuardado.arg(e.Mensaje())});
+        const auto deLote = [&hechas](const QString& factura) {
+            return std::any_of(hechas.facturas.begin(), hechas.facturas.end(),
+                               [&factura](const FacturaHecha& h) { return h.factura == factura; });
+        };
+        for (const FacturaHecha& h : hechas.facturas) {
+            incidencias.push_back(
+                {h.factura, h.cliente, mensajes::kLoteNoGuardado.arg(e.Mensaje())});
         }
         for (IncidenciaFacturacion& n : hechas.incidencias) {
-            if (n.factura.isEmpty() || std::find(hechas.nombres.begin(), hechas.nombres.end(),
-                                                 n.factura) == hechas.nombres.end()) {
+            if (n.factura.isEmpty() || !deLote(n.factura)) {
                 incidencias.push_back(std::move(n));
             }
         }
         ejecucionDetenida = true;
         return;
     }
-    facturasGeneradas.insert(facturasGeneradas.end(), hechas.facturas.begin(),
-                             hechas.facturas.end());
-    incidencias.insert(incidencias.end(), hechas.incidencias.begin(), hechas.incidencias.end());
+    anota(std::move(hechas), ids);
+}
+
+void frmFacturasVenta::anota(PorConfirmar&& hechas, QVector<qint32>& ids) {
+    for (const FacturaHecha& h : hechas.facturas) {
+        facturasGeneradas.push_back(h.id);
+    }
+    std::move(hechas.incidencias.begin(), hechas.incidencias.end(),
+              std::back_inserter(incidencias));
     ids += hechas.emitir;
 }
 
@@ -483,9 +491,8 @@ void frmFacturasVenta::facturacionSelectiva() {
     }
     const ResultadoFacturacion r = facturaAlbaranes(g, marcados);
     // The invoice committed on its own.
-    facturasGeneradas = std::move(porConfirmar_.facturas);
-    incidencias = std::move(porConfirmar_.incidencias);
-    porConfirmar_ = {};
+    QVector<qint32> sinEmision;
+    anota(std::exchange(porConfirmar_, {}), sinEmision);
     if (!r.Creada()) {
         if (!r.motivo.isEmpty()) {
             Ui().Mensaje(r.motivo, Icono::Error, Caption);

@@ -136,16 +136,21 @@ private:
                                           const std::vector<qint32>& albaranes);
     // What the invoices since the last commit made and met: reported only
     // once their commit stands.
+    struct FacturaHecha {
+        qint32 id = 0;
+        QString factura; // "serie/número"
+        QString cliente;
+    };
     struct PorConfirmar {
-        std::vector<qint32> facturas;
+        std::vector<FacturaHecha> facturas;
         std::vector<IncidenciaFacturacion> incidencias;
         QVector<qint32> emitir;
-        std::vector<QString> nombres; // invoice "serie/número" and customer, per invoice
-        std::vector<QString> clientes;
     };
     // Commits the batch open in `lote` and reports what it held; when the
     // commit fails, reports each of its invoices as not made and stops.
     void confirmaLote(class TransaccionPorLotes& lote, QVector<qint32>& ids);
+    // Reports what a commit holds: the invoices made and the incidents.
+    void anota(PorConfirmar&& hechas, QVector<qint32>& ids);
     PorConfirmar porConfirmar_;
     // Outside any transaction, after a batch: refreshes the statistics when
     // the run has made far more invoices than at the last refresh.
