@@ -182,9 +182,12 @@ int ejecuta(const Opciones& o) {
                 qPrintable(bd->dialecto().nombreMotor()), static_cast<long long>(facturas),
                 segundos, porSegundo, facturas ? static_cast<double>(sentencias) / facturas : 0.0,
                 memoria, static_cast<long long>(pendientes));
-    std::printf("Límite de la máquina (17 lecturas y 17 escrituras por transacción, desde C%s): "
+    const QString forma = antes.idasYVueltas
+                              ? QStringLiteral("%1 idas y vueltas").arg(antes.idasYVueltas)
+                              : QStringLiteral("synchronous=FULL");
+    std::printf("Límite de la máquina (17 lecturas y 17 escrituras por transacción, desde C, %s): "
                 "%.0f [%.0f-%.0f] transacciones/s; razón %.2f\n",
-                antes.idasYVueltas ? ", 36 idas y vueltas" : ", synchronous=FULL", limite,
+                qPrintable(forma), limite,
                 std::min(antes.transaccionesPorSegundo, despues.transaccionesPorSegundo),
                 std::max(antes.transaccionesPorSegundo, despues.transaccionesPorSegundo),
                 porSegundo / limite);
