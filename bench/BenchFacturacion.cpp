@@ -34,6 +34,15 @@ struct Opciones {
     bool grupoPorCliente = false;
 };
 
+// CPU time of this process (user and system), in seconds: the limit probe
+// runs in a child and is not counted.
+double segundosCpu() {
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    return static_cast<double>(uso.ru_utime.tv_sec + uso.ru_stime.tv_sec) +
+           static_cast<double>(uso.ru_utime.tv_usec + uso.ru_stime.tv_usec) / 1e6;
+}
+
 double memoriaPicoMiB() {
     rusage uso{};
     getrusage(RUSAGE_SELF, &uso);
@@ -162,10 +171,12 @@ int ejecuta(const Opciones& o) {
     const vk::bench::Limite antes = vk::bench::MideLimite(cadena);
 
     const qint64 sentenciasAntes = bd->cn().Sentencias();
+    const double cpuAntes = segundosCpu();
     reloj.restart();
     pantalla.cmdBuscar();
     pantalla.cmdFacturar();
     const double segundos = reloj.nsecsElapsed() / 1e9;
+    const double cpu = segundosCpu() - cpuAntes;
     const qint64 sentencias = bd->cn().Sentencias() - sentenciasAntes;
     const auto facturas = static_cast<qint64>(pantalla.facturasGeneradas.size());
     const qint64 pendientes =
@@ -177,11 +188,14 @@ int ejecuta(const Opciones& o) {
     const vk::bench::Limite despues = vk::bench::MideLimite(cadena);
     const double limite = (antes.transaccionesPorSegundo + despues.transaccionesPorSegundo) / 2;
     const double porSegundo = facturas / segundos;
-    std::printf("Motor %s: %lld facturas en %.2f s = %.0f facturas/s; %.1f sentencias SQL por "
-                "factura; memoria pico %.1f MiB; albaranes pendientes al final: %lld\n",
-                qPrintable(bd->dialecto().nombreMotor()), static_cast<long long>(facturas),
-                segundos, porSegundo, facturas ? static_cast<double>(sentencias) / facturas : 0.0,
-                memoria, static_cast<long long>(pendientes));
+    std::printf(
+        "Motor %s: %lld facturas en %.2f s = %.0f facturas/s; %.1f sentencias SQL por "
+        "factura; %.3f ms de CPU por factura; memoria pico %.1f MiB; albaranes pendientes al "
+        "final: %lld\n",
+        qPrintable(bd->dialecto().nombreMotor()), static_cast<long long>(facturas), segundos,
+        porSegundo, facturas ? static_cast<double>(sentencias) / facturas : 0.0,
+        facturas ? cpu * 1000 / static_cast<double>(facturas) : 0.0, memoria,
+        static_cast<long long>(pendientes));
     const QString forma = antes.idasYVueltas
                               ? QStringLiteral("%1 idas y vueltas").arg(antes.idasYVueltas)
                               : QStringLiteral("synchronous=FULL");

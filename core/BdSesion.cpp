@@ -9,7 +9,6 @@
 #include <QDate>
 #include <QDir>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
 
@@ -22,9 +21,22 @@ QString nuevoNombreConexion() {
     return QStringLiteral("vk_sesion_%1").arg(contador.fetchAndAddRelaxed(1) + 1);
 }
 
+// A table or column name: a letter or underscore, then letters, digits,
+// underscores or ñ. Checked for every column of every statement built.
 bool esIdentificador(const QString& nombre) {
-    static const QRegularExpression patron(QStringLiteral("^[A-Za-z_][A-Za-z0-9_ñÑ]*$"));
-    return patron.match(nombre).hasMatch();
+    if (nombre.isEmpty()) {
+        return false;
+    }
+    const auto letra = [](char16_t c) {
+        return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c == u'_';
+    };
+    for (qsizetype i = 0; i < nombre.size(); ++i) {
+        const char16_t c = nombre[i].unicode();
+        if (!letra(c) && (i == 0 || !((c >= u'0' && c <= u'9') || c == u'ñ' || c == u'Ñ'))) {
+            return false;
+        }
+    }
+    return true;
 }
 
 QString errorApertura(const QSqlError& e) {

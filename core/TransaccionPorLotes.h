@@ -26,6 +26,9 @@ public:
     // `maximo` 0 takes the engine's.
     explicit TransaccionPorLotes(Conexion& cn, int maximo = 0,
                                  std::chrono::milliseconds espera = kEsperaPorDefecto);
+    ~TransaccionPorLotes();
+    TransaccionPorLotes(const TransaccionPorLotes&) = delete;
+    TransaccionPorLotes& operator=(const TransaccionPorLotes&) = delete;
 
     // Before a unit: opens the batch's transaction when none is open.
     void Empieza();
@@ -43,6 +46,7 @@ private:
     std::optional<Transaccion> transaccion_;
     QElapsedTimer reloj_;
     int unidades_ = 0;
+    bool temporalEnMemoria_ = false;
 };
 
 } // namespace vk

@@ -106,8 +106,8 @@ void frmFacturasVenta::Text1_0_LostFocus() {
 }
 
 frmFacturasVenta::Filtro frmFacturasVenta::clausulaFechas() const {
-    const std::optional<QDate> desde = fechaDe(Text1[2]);
-    const std::optional<QDate> hasta = fechaDe(Text1[3]);
+    const std::optional<QDate> desde = desde_.De(Text1[2]);
+    const std::optional<QDate> hasta = hasta_.De(Text1[3]);
     const Dialecto& d = bd_.dialecto();
     if (desde && hasta) {
         return {QStringLiteral(" WHERE Cav_Fecha BETWEEN ? AND ? "),
@@ -378,12 +378,17 @@ void frmFacturasVenta::cmdFacturar() {
     }
 }
 
-QDate frmFacturasVenta::fechaFactura() const {
-    // Read once per text: a run asks for every invoice.
-    if (!fechaLeida_ || fechaLeida_->first != Text1[6]) {
-        fechaLeida_.emplace(Text1[6], fechaDe(Text1[6]).value_or(QDate()));
+std::optional<QDate> frmFacturasVenta::FechaTecleada::De(const QString& t) {
+    if (!leida || t != texto) {
+        texto = t;
+        fecha = t.trimmed().isEmpty() ? std::nullopt : fechaDe(t);
+        leida = true;
     }
-    return fechaLeida_->second;
+    return fecha;
+}
+
+QDate frmFacturasVenta::fechaFactura() const {
+    return fechaFactura_.De(Text1[6]).value_or(QDate());
 }
 
 CabeceraFactura frmFacturasVenta::cabecera(const GrupoFacturable& g) const {

@@ -131,7 +131,15 @@ private:
     CabeceraFactura cabecera(const GrupoFacturable& g) const;
     // The invoice date typed in Text1[6]; invalid when it is not a date.
     QDate fechaFactura() const;
-    mutable std::optional<std::pair<QString, QDate>> fechaLeida_;
+    // A date typed in a box, read once per text: a run asks for the dates
+    // at every group.
+    struct FechaTecleada {
+        std::optional<QDate> De(const QString& texto);
+        QString texto;
+        std::optional<QDate> fecha;
+        bool leida = false;
+    };
+    mutable FechaTecleada desde_, hasta_, fechaFactura_;
     ResultadoFacturacion facturaAlbaranes(const GrupoFacturable& g,
                                           const std::vector<qint32>& albaranes);
     // What the invoices since the last commit made and met: reported only

@@ -152,6 +152,16 @@ TEST_P(Pasarela, BuilderStateFollowsTheLegacyContract) {
     s->Tabla(QStringLiteral("Age; DROP TABLE Age"));
     s->xlsCampos().Add(QStringLiteral("Age_Nom"), TipoCampo::Texto, QStringLiteral("x"));
     EXPECT_FALSE(s->Inserta(msg));
+    // Names are checked before any SQL is written: a digit first, a space,
+    // a quote or a dash never reach the engine.
+    for (const char* nombre : {"1Age_Nom", "Age Nom", "Age_Nom\"", "Age-Nom", ""}) {
+        s->Tabla(QStringLiteral("Age"));
+        s->xlsCampos().Add(QString::fromUtf8(nombre), TipoCampo::Texto, QStringLiteral("x"));
+        EXPECT_FALSE(s->Inserta(msg)) << nombre;
+        EXPECT_TRUE(msg.startsWith(QStringLiteral("Nombre de columna no válido")) ||
+                    std::string(nombre).empty())
+            << msg.toStdString();
+    }
     EXPECT_EQ(s->cn().Execute(QStringLiteral("SELECT COUNT(*) FROM Age")).Fields(0).Entero(), 1);
 }
 
