@@ -4,6 +4,7 @@
 #include "MensajesCore.h"
 
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
@@ -23,9 +24,7 @@ QString textoError(const QSqlError& e) {
 
 // The failure as a person should read it, by the engine's own code: SQLite's
 // result code, PostgreSQL's SQLSTATE.
-ErrorBd errorDeSentencia(const QSqlError& e, bool sqlite, const QString& sql) {
-    const QString codigo = e.nativeErrorCode();
-    QString texto = textoError(e);
+ErrorBd errorDeSentencia(const QString& codigo, QString texto, bool sqlite, const QString& sql) {
     if (!codigo.isEmpty() && !texto.contains(codigo)) {
         texto += QStringLiteral(" (") + codigo + QLatin1Char(')');
     }
@@ -62,6 +61,14 @@ ErrorBd errorDeSentencia(const QSqlError& e, bool sqlite, const QString& sql) {
         }
     }
     return ErrorBd(mensajes::kBdRechazo, detalle, ClaseError::General);
+}
+
+ErrorBd errorDeSentencia(const QSqlError& e, bool sqlite, const QString& sql) {
+    return errorDeSentencia(e.nativeErrorCode(), textoError(e), sqlite, sql);
+}
+
+ErrorBd errorDeSentencia(const SentenciaSqlite::Fallo& f, const QString& sql) {
+    return errorDeSentencia(QString::number(f.codigo), f.texto, true, sql);
 }
 
 // What a statement's first word says about keeping it prepared.
@@ -107,20 +114,27 @@ Conexion::~Conexion() {
     QSqlDatabase::removeDatabase(nombre_);
 }
 
-Conexion::Preparada& Conexion::preparada(const QString& sql, bool& nueva) {
+Conexion::Preparada& Conexion::preparada(const QString& sql) {
     constexpr int kMaximo = 200;
     auto it = preparadas_.find(sql);
-    nueva = it == preparadas_.end();
-    if (nueva) {
+    if (it == preparadas_.end()) {
         if (preparadas_.size() >= kMaximo) {
             preparadas_.clear();
         }
-        auto p = std::make_shared<Preparada>(QSqlDatabase::database(nombre_, false));
-        p->consulta.setForwardOnly(true);
-        p->consulta.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-        it = preparadas_.insert(sql, p);
+        it = preparadas_.insert(sql, std::make_shared<Preparada>());
     }
     return **it;
+}
+
+sqlite3* Conexion::manejadorSqlite() {
+    if (!sqliteBuscado_) {
+        sqliteBuscado_ = true;
+        const QSqlDatabase db = QSqlDatabase::database(nombre_, false);
+        if (db.isOpen()) {
+            sqlite_ = SentenciaSqlite::Manejador(db.driver()->handle());
+        }
+    }
+    return sqlite_;
 }
 
 bool Conexion::EstaAbierta() const {
@@ -129,7 +143,10 @@ bool Conexion::EstaAbierta() const {
 }
 
 void Conexion::Cierra() {
+    // Every statement of the engine's goes before its connection does.
     preparadas_.clear();
+    sqlite_ = nullptr;
+    sqliteBuscado_ = true;
     QSqlDatabase db = QSqlDatabase::database(nombre_, false);
     if (db.isOpen()) {
         db.close();
@@ -166,6 +183,11 @@ QStringList Conexion::ejecuta(const QString& sql, const QVariantList& parametros
     if (clase == Clase::Esquema) {
         preparadas_.clear();
     }
+    if (reutilizable && dialecto_.esSQLite()) {
+        if (sqlite3* bd = manejadorSqlite()) {
+            return ejecutaSqlite(bd, sql, parametros, porFila);
+        }
+    }
     std::optional<QSqlQuery> directa;
     Preparada* preparada = nullptr;
     QSqlQuery* consulta = nullptr;
@@ -178,9 +200,14 @@ QStringList Conexion::ejecuta(const QString& sql, const QVariantList& parametros
         consulta->setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
         ok = consulta->exec(sql);
     } else {
-        bool nueva = false;
-        preparada = &this->preparada(sql, nueva);
-        consulta = &preparada->consulta;
+        preparada = &this->preparada(sql);
+        const bool nueva = !preparada->consulta;
+        if (nueva) {
+            preparada->consulta.emplace(QSqlDatabase::database(nombre_, false));
+            preparada->consulta->setForwardOnly(true);
+            preparada->consulta->setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
+        }
+        consulta = &*preparada->consulta;
         ok = !nueva || consulta->prepare(sql);
         fallaPreparacion = !ok;
         if (ok) {
@@ -239,6 +266,54 @@ QStringList Conexion::ejecuta(const QString& sql, const QVariantList& parametros
     }
     // Releases the statement's read snapshot: the rows are ours now.
     q.finish();
+    return nombres;
+}
+
+QStringList Conexion::ejecutaSqlite(sqlite3* bd, const QString& sql, const QVariantList& parametros,
+                                    const FilaLeida& porFila) {
+    Preparada& p = preparada(sql);
+    SentenciaSqlite::Fallo fallo;
+    if (!p.sqlite) {
+        p.sqlite = SentenciaSqlite::Prepara(bd, sql, fallo);
+        if (!p.sqlite) {
+            preparadas_.remove(sql);
+            throw errorDeSentencia(fallo, sql);
+        }
+    }
+    SentenciaSqlite& st = *p.sqlite;
+    // Whatever happens, the statement ends reset: no read snapshot held.
+    struct Reinicio {
+        SentenciaSqlite& st;
+        ~Reinicio() { st.Reinicia(); }
+    } reinicio{st};
+    if (!st.Enlaza(parametros, fallo)) {
+        throw errorDeSentencia(fallo, sql);
+    }
+    if (st.Columnas() == 0) {
+        st.Avanza(fallo);
+        if (fallo.codigo != 0) {
+            throw errorDeSentencia(fallo, sql);
+        }
+        filasAfectadas_ = st.Cambios();
+        return {};
+    }
+    if (!p.conNombres) {
+        p.nombres = st.Nombres();
+        p.conNombres = !sql.contains(QLatin1Char('*'));
+    }
+    const QStringList nombres = p.nombres;
+    const int columnas = static_cast<int>(nombres.size());
+    while (st.Avanza(fallo)) {
+        std::vector<QVariant> fila;
+        fila.reserve(static_cast<std::size_t>(columnas));
+        for (int i = 0; i < columnas; ++i) {
+            fila.push_back(st.Valor(i));
+        }
+        porFila(nombres, std::move(fila));
+    }
+    if (fallo.codigo != 0) {
+        throw errorDeSentencia(fallo, sql);
+    }
     return nombres;
 }
 

@@ -4,6 +4,7 @@
 
 #include "Dialecto.h"
 #include "Recordset.h"
+#include "SentenciaSqlite.h"
 
 #include <QHash>
 #include <QSqlQuery>
@@ -12,6 +13,7 @@
 #include <QVariantList>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vk {
@@ -58,18 +60,26 @@ private:
     // Prepared statements by their text: the invoicing runs the same few
     // statements for every invoice, and preparing each time would cost a
     // round trip on PostgreSQL and a parse on SQLite.
+    // On SQLite they run on the engine directly, through the driver's own
+    // connection; on PostgreSQL through the driver.
     struct Preparada {
-        explicit Preparada(const QSqlDatabase& db) : consulta(db) {}
-        QSqlQuery consulta;
+        std::optional<QSqlQuery> consulta;
+        std::unique_ptr<SentenciaSqlite> sqlite;
         QStringList nombres; // the result's columns, once known
         bool conNombres = false;
     };
-    Preparada& preparada(const QString& sql, bool& nueva);
+    Preparada& preparada(const QString& sql);
     // Runs one statement, handing each row to `porFila`; the result's names.
     using FilaLeida = std::function<void(const QStringList&, std::vector<QVariant>&&)>;
     QStringList ejecuta(const QString& sql, const QVariantList& parametros,
                         const FilaLeida& porFila);
+    QStringList ejecutaSqlite(sqlite3* bd, const QString& sql, const QVariantList& parametros,
+                              const FilaLeida& porFila);
+    // The SQLite connection under the driver's, when this program can use it.
+    sqlite3* manejadorSqlite();
     QHash<QString, std::shared_ptr<Preparada>> preparadas_;
+    sqlite3* sqlite_ = nullptr;
+    bool sqliteBuscado_ = false;
     // Ends the outermost transaction, whether or not the engine still has it.
     void deshazTodo();
 

@@ -74,6 +74,76 @@ TEST_P(Pasarela, RecordsetIsClientSideAndWalksBothWays) {
     EXPECT_THROW(s->cn().Execute(QStringLiteral("SELECT * FROM TablaQueNoExiste")), ErrorBd);
 }
 
+TEST_P(Pasarela, BoundValuesComeBackAsTheyWentAndFailuresAreTold) {
+    Conexion& cn = s->cn();
+    const auto nombre = [&](const QVariant& v) {
+        const qint64 id =
+            cn.Execute(QStringLiteral("INSERT INTO Age (Age_Nom) VALUES (?) RETURNING Age_Id"), {v})
+                .Fields(0)
+                .Entero();
+        return cn.Execute(QStringLiteral("SELECT Age_Nom, CASE WHEN Age_Nom IS NULL THEN 1 ELSE 0 "
+                                         "END AS nulo FROM Age WHERE Age_Id = ?"),
+                          {id});
+    };
+    // Text keeps every character; an empty text is not NULL, a null one is.
+    const QString raro = QStringLiteral("Mompó Ñandú 1.234,56 € 'x' \"y\"");
+    Recordset rs = nombre(raro);
+    EXPECT_EQ(rs.Fields(0).Texto(), raro);
+    rs = nombre(QStringLiteral(""));
+    EXPECT_EQ(rs.Fields(1).Entero(), 0);
+    EXPECT_TRUE(rs.Fields(0).Value().toString().isEmpty());
+    for (const QVariant& nulo : {QVariant(QString()), QVariant()}) {
+        rs = nombre(nulo);
+        EXPECT_EQ(rs.Fields(1).Entero(), 1);
+        EXPECT_TRUE(rs.Fields(0).IsNull());
+    }
+
+    // Numbers of each width and a date.
+    const qint64 fav =
+        cn.Execute(QStringLiteral("INSERT INTO Fav (Fav_Serie, Fav_Numero, Fav_Bruto, Fav_Fecha) "
+                                  "VALUES (?, ?, ?, ?) RETURNING Fav_Id"),
+                   {QStringLiteral("T"), qlonglong(2147483647), 1234.56, QDate(2026, 3, 5)})
+            .Fields(0)
+            .Entero();
+    rs = cn.Execute(QStringLiteral("SELECT Fav_Numero, Fav_Bruto, Fav_Fecha FROM Fav WHERE Fav_Id "
+                                   "= ? AND Fav_Fecha = ?"),
+                    {fav, QDate(2026, 3, 5)});
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_EQ(rs.Fields(0).Entero(), 2147483647);
+    EXPECT_DOUBLE_EQ(rs.Fields(1).Doble(), 1234.56);
+    EXPECT_EQ(rs.Fields(2).Fecha(), QDate(2026, 3, 5));
+
+    // A statement the engine cannot prepare, one given too few values and a
+    // refused row all fail with the engine's words; the connection goes on.
+    const QString malo = QStringLiteral("SELECT NoExiste FROM Age WHERE Age_Id = ?");
+    for (int vez = 0; vez < 2; ++vez) {
+        EXPECT_THROW(cn.Execute(malo, {1}), ErrorBd);
+    }
+    EXPECT_THROW(cn.Execute(QStringLiteral("SELECT Age_Nom FROM Age WHERE Age_Id = ?")), ErrorBd);
+    try {
+        cn.Execute(QStringLiteral("INSERT INTO Fav (Fav_Serie, Fav_Numero) VALUES (?, ?)"),
+                   {QStringLiteral("T"), qlonglong(2147483647)});
+        ADD_FAILURE() << "a repeated number was stored";
+    } catch (const ErrorBd& e) {
+        EXPECT_EQ(e.Clase(), ClaseError::General);
+        EXPECT_TRUE(e.Detalle().contains(QStringLiteral("Sentencia: INSERT INTO Fav")))
+            << e.Detalle().toStdString();
+    }
+
+    // A walk left half way starts again from the first row.
+    const QString todos = QStringLiteral("SELECT Age_Id FROM Age WHERE Age_Id > ? ORDER BY Age_Id");
+    int vistos = 0;
+    EXPECT_THROW(cn.Recorre(todos, {0},
+                            [&](const Recordset&) {
+                                ++vistos;
+                                throw ErrorBd(QStringLiteral("basta"));
+                            }),
+                 ErrorBd);
+    EXPECT_EQ(vistos, 1);
+    cn.Recorre(todos, {0}, [&](const Recordset&) { ++vistos; });
+    EXPECT_EQ(vistos, 5);
+}
+
 TEST_P(Pasarela, BuilderWritesEachKindOfValue) {
     QString msg;
     qint64 id = 0;
