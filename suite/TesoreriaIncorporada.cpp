@@ -72,8 +72,9 @@ void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
     }
     Conexion& cn = MyBd->cn();
 
-    // The terms and their instalments in one read.
-    Recordset rs = cn.Execute(
+    // The terms and their instalments in one read; reference data, read
+    // once per run like the tax rows.
+    Recordset rs = MyBd->Referencia(
         QStringLiteral("SELECT Fco_Des, Fcol_Linea, Fcol_Dias, Fcol_Porcentaje, Fcol_Mod FROM Fco "
                        "LEFT JOIN Fcol ON Fcol_id = Fco_Id WHERE Fco_Id = ? ORDER BY Fcol_Dias, "
                        "Fcol_Linea"),
