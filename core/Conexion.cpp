@@ -100,6 +100,30 @@ Clase claseDe(const QString& sql) {
     return Clase::Otra;
 }
 
+// False when `sql` holds more than one statement. The PostgreSQL driver
+// prepares through a plain query, which would run a second statement after a
+// semicolon there and then; SQLite's own parser refuses it on its path.
+bool unaSentencia(const QString& sql) {
+    const qsizetype n = sql.size();
+    for (qsizetype i = 0; i < n; ++i) {
+        const QChar c = sql[i];
+        if (c == u'\'' || c == u'"') {
+            // Quotes end at the next one; a doubled quote reopens them.
+            for (++i; i < n && sql[i] != c; ++i) {
+            }
+        } else if (c == u'-' && i + 1 < n && sql[i + 1] == u'-') {
+            for (; i < n && sql[i] != u'\n'; ++i) {
+            }
+        } else if (c == u'/' && i + 1 < n && sql[i + 1] == u'*') {
+            const qsizetype fin = sql.indexOf(QLatin1String("*/"), i + 2);
+            i = fin < 0 ? n : fin + 1;
+        } else if (c == u';') {
+            return QStringView(sql).mid(i + 1).trimmed().isEmpty();
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 QString MarcadoresSql(qsizetype n) {
@@ -202,6 +226,13 @@ QStringList Conexion::ejecuta(const QString& sql, const QVariantList& parametros
     } else {
         preparada = &this->preparada(sql);
         const bool nueva = !preparada->consulta;
+        if (nueva && !unaSentencia(sql)) {
+            preparadas_.remove(sql);
+            throw ErrorBd(mensajes::kBdRechazo,
+                          mensajes::kUnaSentencia + QStringLiteral("\nSentencia: ") +
+                              sql.simplified(),
+                          ClaseError::General);
+        }
         if (nueva) {
             preparada->consulta.emplace(QSqlDatabase::database(nombre_, false));
             preparada->consulta->setForwardOnly(true);

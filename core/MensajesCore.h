@@ -33,6 +33,7 @@ inline const QString kBdNoEscribible = QStringLiteral(
 inline const QString kBdConexionPerdida =
     QStringLiteral("Se ha perdido la conexión con el servidor de la base de datos.");
 inline const QString kBdRechazo = QStringLiteral("La base de datos ha rechazado la operación.");
+inline const QString kUnaSentencia = QStringLiteral("Solo se admite una sentencia cada vez");
 
 // The data gateway: connections, transactions, results and the statement
 // builder.

@@ -1,5 +1,7 @@
 #include "SentenciaSqlite.h"
 
+#include "MensajesCore.h"
+
 #include <QDateTime>
 #include <QTime>
 #include <cstring>
@@ -32,12 +34,24 @@ sqlite3* SentenciaSqlite::Manejador(const QVariant& manejadorDriver) {
 std::unique_ptr<SentenciaSqlite> SentenciaSqlite::Prepara(sqlite3* bd, const QString& sql,
                                                           Fallo& fallo) {
     sqlite3_stmt* st = nullptr;
+    const void* resto = nullptr;
     const int rc =
         sqlite3_prepare16_v3(bd, sql.utf16(), static_cast<int>(sql.size() * sizeof(char16_t)),
-                             SQLITE_PREPARE_PERSISTENT, &st, nullptr);
+                             SQLITE_PREPARE_PERSISTENT, &st, &resto);
     if (rc != SQLITE_OK) {
         sqlite3_finalize(st);
         fallo = {rc, QString::fromUtf16(static_cast<const char16_t*>(sqlite3_errmsg16(bd)))};
+        return nullptr;
+    }
+    // One statement per call, as the driver requires: a second one after a
+    // semicolon is refused, never run unseen.
+    const auto leido =
+        static_cast<const char16_t*>(resto) - reinterpret_cast<const char16_t*>(sql.utf16());
+    const bool vacia = st == nullptr;
+    if (vacia || !QStringView(sql).mid(leido).trimmed().isEmpty()) {
+        sqlite3_finalize(st);
+        fallo = {SQLITE_ERROR, vacia ? QStringLiteral("No hay ninguna sentencia que ejecutar")
+                                     : mensajes::kUnaSentencia};
         return nullptr;
     }
     return std::unique_ptr<SentenciaSqlite>(new SentenciaSqlite(bd, st));

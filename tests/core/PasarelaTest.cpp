@@ -120,6 +120,12 @@ TEST_P(Pasarela, BoundValuesComeBackAsTheyWentAndFailuresAreTold) {
         EXPECT_THROW(cn.Execute(malo, {1}), ErrorBd);
     }
     EXPECT_THROW(cn.Execute(QStringLiteral("SELECT Age_Nom FROM Age WHERE Age_Id = ?")), ErrorBd);
+    // A second statement after a semicolon is refused, never run.
+    EXPECT_THROW(cn.Execute(QStringLiteral("SELECT Age_Nom FROM Age WHERE Age_Id = ?; DELETE "
+                                           "FROM Age"),
+                            {1}),
+                 ErrorBd);
+    EXPECT_EQ(cn.Execute(QStringLiteral("SELECT COUNT(*) FROM Age")).Fields(0).Entero(), 4);
     try {
         cn.Execute(QStringLiteral("INSERT INTO Fav (Fav_Serie, Fav_Numero) VALUES (?, ?)"),
                    {QStringLiteral("T"), qlonglong(2147483647)});
