@@ -27,18 +27,12 @@ namespace vk::ui {
 
 namespace {
 
-const QString kImporte = QStringLiteral("#,###,##0.00");
-
 QTableWidgetItem* celda(const QString& texto, bool numero = false) {
     auto* item = new QTableWidgetItem(texto);
     if (numero) {
         item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
     return item;
-}
-
-QString textoDe(const QVariant& v) {
-    return v.isNull() ? QString() : v.toString().trimmed();
 }
 
 QLabel* etiqueta(QWidget* padre, const QString& texto, QWidget* companero) {
@@ -396,14 +390,14 @@ void VistaFacturasVenta::rellenaGrupos() {
         dbgCli_->setItem(r, 1, celda(g.Fco_Des.trimmed()));
         dbgCli_->setItem(r, 2, celda(Format(g.cav_dto1, QStringLiteral("##0.00")), true));
         dbgCli_->setItem(r, 3, celda(Format(g.cav_dto2, QStringLiteral("##0.00")), true));
-        dbgCli_->setItem(r, 4, celda(Format(g.tOTAL, kImporte) + QLatin1Char(' '), true));
+        dbgCli_->setItem(r, 4, celda(Format(g.tOTAL, kMascaraImporte) + QLatin1Char(' '), true));
         dbgCli_->setItem(r, 5,
                          celda(Format(g.Cli_Dto1, QStringLiteral("##0.00")) +
                                    QStringLiteral(" / ") +
                                    Format(g.Cli_Dto2, QStringLiteral("##0.00")),
                                true));
-        dbgCli_->setItem(r, 6, celda(textoDe(g.Cav_Agente), true));
-        dbgCli_->setItem(r, 7, celda(textoDe(g.Cli_Fatencion)));
+        dbgCli_->setItem(r, 6, celda(TextoCelda(g.Cav_Agente), true));
+        dbgCli_->setItem(r, 7, celda(TextoCelda(g.Cli_Fatencion)));
     }
     if (modelo_.filaCli >= 0 && modelo_.filaCli < dbgCli_->rowCount()) {
         dbgCli_->setCurrentCell(modelo_.filaCli, 0);
@@ -419,9 +413,9 @@ void VistaFacturasVenta::rellenaAlbaranes() {
         auto* item = new QTreeWidgetItem(ListView1_);
         item->setText(0, a.NuAlbaran);
         item->setText(1, Format(a.Cav_Fecha, QStringLiteral("dd/mm/yyyy")));
-        item->setText(2, Format(a.TAlbaran, kImporte));
+        item->setText(2, Format(a.TAlbaran, kMascaraImporte));
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-        item->setText(3, textoDe(a.Cav_Agente));
+        item->setText(3, TextoCelda(a.Cav_Agente));
         item->setData(0, Qt::UserRole, a.Cav_Id);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(0, a.marcado ? Qt::Checked : Qt::Unchecked);
@@ -450,7 +444,7 @@ void VistaFacturasVenta::rellenaLineas() {
             dbgLineas_->setItem(r, c,
                                 celda(numero && !v.isNull()
                                           ? Format(v, QString::fromLatin1(columnas[c].mascara))
-                                          : textoDe(v),
+                                          : TextoCelda(v),
                                       numero));
         }
     }
