@@ -2,6 +2,7 @@
 
 #include "Controles.h"
 #include "InteraccionQt.h"
+#include "ModeloGrupos.h"
 
 #include <ErrorBd.h>
 #include <Formato.h>
@@ -12,12 +13,14 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 #include <QTableWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -98,12 +101,8 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     gFiltro->setColumnStretch(6, 1);
 
     // --- the groups ---
-    dbgCli_ =
-        NuevaRejilla(this, QStringLiteral("dbgCli"),
-                     {QStringLiteral("Cliente"), QStringLiteral("Forma de cobro"),
-                      QStringLiteral("% Dto1"), QStringLiteral("% Dto2"),
-                      QStringLiteral("Importe facturable"), QStringLiteral("%Dto Pie Albaran"),
-                      QStringLiteral("Agente"), QStringLiteral("Factura A/A")});
+    grupos_ = new ModeloGrupos(modelo_, this);
+    dbgCli_ = NuevaRejilla(this, QStringLiteral("dbgCli"), grupos_);
     const int anchos[] = {220, 170, 58, 58, 128, 122, 58, 120};
     for (int c = 0; c < 8; ++c) {
         dbgCli_->setColumnWidth(c, anchos[c]);
@@ -260,11 +259,13 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
             orden([this] { modelo_.Text1_0_LostFocus(); });
         }
     });
-    QObject::connect(dbgCli_, &QTableWidget::currentCellChanged, this, [this](int fila) {
-        if (!copiando_ && fila >= 0 && fila != modelo_.filaCli) {
-            orden([this, fila] { modelo_.SeleccionaGrupo(fila); });
-        }
-    });
+    QObject::connect(dbgCli_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+                     [this](const QModelIndex& actual) {
+                         const int fila = actual.row();
+                         if (!copiando_ && fila >= 0 && fila != modelo_.filaCli) {
+                             orden([this, fila] { modelo_.SeleccionaGrupo(fila); });
+                         }
+                     });
     QObject::connect(ListView1_, &QTreeWidget::itemChanged, this,
                      [this](QTreeWidgetItem* item, int columna) {
                          if (copiando_ || columna != 0) {
@@ -382,28 +383,11 @@ void VistaFacturasVenta::desdeModelo() {
 }
 
 void VistaFacturasVenta::rellenaGrupos() {
-    const auto& grupos = modelo_.dbgCli;
-    dbgCli_->setRowCount(static_cast<int>(grupos.size()));
-    for (int r = 0; r < static_cast<int>(grupos.size()); ++r) {
-        const GrupoFacturable& g = grupos[static_cast<std::size_t>(r)];
-        dbgCli_->setItem(r, 0, celda(g.Cli_Nom.trimmed()));
-        dbgCli_->setItem(r, 1, celda(g.Fco_Des.trimmed()));
-        dbgCli_->setItem(r, 2, celda(Format(g.cav_dto1, QStringLiteral("##0.00")), true));
-        dbgCli_->setItem(r, 3, celda(Format(g.cav_dto2, QStringLiteral("##0.00")), true));
-        dbgCli_->setItem(r, 4, celda(Format(g.tOTAL, kMascaraImporte) + QLatin1Char(' '), true));
-        dbgCli_->setItem(r, 5,
-                         celda(Format(g.Cli_Dto1, QStringLiteral("##0.00")) +
-                                   QStringLiteral(" / ") +
-                                   Format(g.Cli_Dto2, QStringLiteral("##0.00")),
-                               true));
-        dbgCli_->setItem(r, 6, celda(TextoCelda(g.Cav_Agente), true));
-        dbgCli_->setItem(r, 7, celda(TextoCelda(g.Cli_Fatencion)));
-    }
-    if (modelo_.filaCli >= 0 && modelo_.filaCli < dbgCli_->rowCount()) {
-        dbgCli_->setCurrentCell(modelo_.filaCli, 0);
-    } else {
-        dbgCli_->setCurrentCell(-1, -1);
-    }
+    // The rows themselves are asked of the model as the grid shows them.
+    grupos_->Actualiza();
+    const int fila = modelo_.filaCli;
+    dbgCli_->setCurrentIndex(fila >= 0 && fila < grupos_->rowCount() ? grupos_->index(fila, 0)
+                                                                     : QModelIndex());
 }
 
 void VistaFacturasVenta::rellenaAlbaranes() {

@@ -70,7 +70,7 @@ TEST_P(Multifactura, GroupsSplitByTermsDiscountsAndAgents) {
     albaran(c, kDia10, 80, contado, 5, 0, 1);
     auto p = pantalla();
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 3u);
+    ASSERT_EQ(p->NumeroGrupos(), 3);
     EXPECT_FALSE(p->Text1_14_Enabled);
     EXPECT_EQ(p->ListView1.size(), 1u);
     EXPECT_EQ(p->Label1_1, QStringLiteral("Albaranes pendientes de Cliente Número 1 "));
@@ -78,11 +78,11 @@ TEST_P(Multifactura, GroupsSplitByTermsDiscountsAndAgents) {
     // Agents no longer split: the two notes without discount are one group.
     p->chkGroupAgentes = true;
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 2u);
-    EXPECT_EQ(p->dbgCli[0].Cav_Agente.toInt(), 0);
-    const auto& sinDto = p->dbgCli[0].cav_dto1 == 0 ? p->dbgCli[0] : p->dbgCli[1];
+    ASSERT_EQ(p->NumeroGrupos(), 2);
+    EXPECT_EQ(p->Grupo(0).Cav_Agente.toInt(), 0);
+    const auto& sinDto = p->Grupo(0).cav_dto1 == 0 ? p->Grupo(0) : p->Grupo(1);
     EXPECT_DOUBLE_EQ(sinDto.tOTAL, 150);
-    p->SeleccionaGrupo(p->dbgCli[0].cav_dto1 == 0 ? 0 : 1);
+    p->SeleccionaGrupo(p->Grupo(0).cav_dto1 == 0 ? 0 : 1);
     EXPECT_EQ(p->ListView1.size(), 2u);
     EXPECT_EQ(p->ListView1[0].Cav_Fecha, kDia1); // date order
     EXPECT_EQ(p->dbgLineas.RecordCount(), 1);
@@ -100,7 +100,7 @@ TEST_P(Multifactura, SecondDiscountDoesNotSplitTheNotesOfARun) {
     albaran(c, kDia10, 100, contado, 5, 3);
     auto p = pantalla();
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 2u);
+    ASSERT_EQ(p->NumeroGrupos(), 2);
     // Each group lists the notes of both.
     EXPECT_EQ(p->ListView1.size(), 2u);
     facturaTodos(*p);
@@ -121,7 +121,7 @@ TEST_P(Multifactura, DateFiltersAndZeroNotes) {
     // A lone from-date acts as a latest date.
     p->Text1[2] = QStringLiteral("10/03/2026");
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 1u);
+    ASSERT_EQ(p->NumeroGrupos(), 1);
     EXPECT_EQ(p->ListView1.size(), 2u);
     p->Text1[2].clear();
     p->Text1[3] = QStringLiteral("10/03/2026");
@@ -145,7 +145,7 @@ TEST_P(Multifactura, DateFiltersAndZeroNotes) {
     p->Text1[2] = QStringLiteral("01/01/2020");
     p->Text1[3] = QStringLiteral("02/01/2020");
     p->cmdBuscar();
-    EXPECT_TRUE(p->dbgCli.empty());
+    EXPECT_EQ(p->NumeroGrupos(), 0);
     EXPECT_EQ(e->ui().Textos().back(), mensajes::kSinAlbaranesPendientes);
 }
 
@@ -248,7 +248,7 @@ TEST_P(Multifactura, FailedLinkUndoesOneInvoiceAndTheRunGoesOn) {
     auto p = pantalla();
     p->Text1[11] = QStringLiteral("1");
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 3u);
+    ASSERT_EQ(p->NumeroGrupos(), 3);
     facturaTodos(*p);
     ASSERT_EQ(p->facturasGeneradas.size(), 2u);
     // No trace of the failed invoice, and no gap in the numbers.
@@ -383,7 +383,7 @@ TEST(MultifacturaDiscoLleno, AFullDiskStopsTheRunAndLosesNothing) {
     p.Text1[6] = QStringLiteral("31/03/2026");
     p.Text1[11] = QStringLiteral("0");
     p.cmdBuscar();
-    ASSERT_EQ(p.dbgCli.size(), 40u);
+    ASSERT_EQ(p.NumeroGrupos(), 40);
     const qint64 paginas = e.cn().Execute(QStringLiteral("PRAGMA page_count")).Fields(0).Entero();
     e.cn().Execute(QStringLiteral("PRAGMA max_page_count = %1").arg(paginas));
     e.ui().dialogos.push_back(
