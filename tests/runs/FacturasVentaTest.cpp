@@ -3,6 +3,7 @@
 #include "EmisorAnotado.h"
 #include "EmpresaPrueba.h"
 
+#include <Conexion.h>
 #include <FacturacionAlbaranes.h>
 #include <MensajesMotor.h>
 #include <MensajesRuns.h>
@@ -10,6 +11,7 @@
 #include <frmFactuAlbaran.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
+#include <set>
 
 namespace vk::prueba {
 namespace {
@@ -410,6 +412,58 @@ TEST(MultifacturaDiscoLleno, AFullDiskStopsTheRunAndLosesNothing) {
         << p.incidencias[0].motivo.toStdString();
     EXPECT_EQ(p.incidencias[1].motivo.toStdString(),
               mensajes::kGruposSinIntentar.arg(40 - hechas - 1).toStdString());
+}
+
+// More groups than one page: a group past the boundary has its own
+// customer's data, and the run gives every invoice its own customer's.
+TEST_P(Multifactura, GroupsPastAPageKeepTheirOwnCustomersData) {
+    constexpr int kPagina = GruposFacturables::kGruposPorPagina;
+    const int n = kPagina + 12;
+    {
+        Transaccion t(e->cn());
+        for (int i = 0; i < n; ++i) {
+            const qint32 c = e->cliente();
+            e->cn().Execute(
+                QStringLiteral("UPDATE Cli SET Cli_favobs = ?, Cli_Fatencion = ? WHERE Cli_Id = ?"),
+                {QStringLiteral("Observaciones de %1").arg(c), QStringLiteral("Sr. %1").arg(c), c});
+            albaran(c, kDia1, 10 + i, contado);
+        }
+        t.Confirma();
+    }
+    auto p = pantalla();
+    p->Text1[11] = QStringLiteral("0");
+    p->cmdBuscar();
+    ASSERT_EQ(p->NumeroGrupos(), n);
+    const auto nombre = [this](qint32 id) {
+        return QStringLiteral("Cliente Número %1")
+            .arg(e->cuenta(QStringLiteral("SELECT Cli_Cod FROM Cli WHERE Cli_Id = ?"), {id}));
+    };
+    for (const int fila : {kPagina + 7, 3, kPagina, kPagina - 1, n - 1}) {
+        const GrupoFacturable g = p->Grupo(fila);
+        EXPECT_EQ(g.Cli_Nom.trimmed(), nombre(g.Cav_Idcli)) << fila;
+        EXPECT_EQ(g.cli_favobs.toString(), QStringLiteral("Observaciones de %1").arg(g.Cav_Idcli))
+            << fila;
+        EXPECT_EQ(g.Fco_Des, QStringLiteral("Contado")) << fila;
+    }
+    // Every customer once: the pages neither repeat nor skip a group.
+    std::set<qint32> clientes;
+    for (int fila = 0; fila < n; ++fila) {
+        clientes.insert(p->Grupo(fila).Cav_Idcli);
+    }
+    EXPECT_EQ(clientes.size(), static_cast<std::size_t>(n));
+    const GrupoFacturable g = p->Grupo(kPagina + 7);
+    p->SeleccionaGrupo(kPagina + 7);
+    EXPECT_EQ(p->Text1[7], QStringLiteral("Observaciones de %1").arg(g.Cav_Idcli));
+    EXPECT_EQ(p->Label1_1.trimmed(), mensajes::kAlbaranesPendientesDe + nombre(g.Cav_Idcli));
+    ASSERT_EQ(p->ListView1.size(), 1u);
+
+    facturaTodos(*p);
+    EXPECT_EQ(p->facturasGeneradas.size(), static_cast<std::size_t>(n));
+    EXPECT_EQ(pendientes(), 0);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav INNER JOIN Cli ON Cli_Id = "
+                                       "Fav_IdCli WHERE Fav_Obs = Cli_favobs AND Fav_Fatencion = "
+                                       "Cli_Fatencion")),
+              n);
 }
 
 TEST_P(Multifactura, NoCopiesSkipTheIssue) {
