@@ -111,7 +111,7 @@ ResultadoFacturar Factura(VKFACVENTAS& f, const OpcionesFacturar& o, QTextStream
     pantalla.muestraResumenIncidencias = false; // listed one by one below
     pantalla.cmdBuscar();
     ResultadoFacturar r;
-    if (pantalla.dbgCli.empty()) {
+    if (pantalla.NumeroGrupos() == 0) {
         imprimeFacturas(f.MyBd(), {}, out);
         return r;
     }

@@ -13,7 +13,6 @@
 #include <Interaccion.h>
 #include <MensajesMotor.h>
 #include <NombreCliente.h>
-#include <QHash>
 #include <ReglasFecha.h>
 #include <TransaccionPorLotes.h>
 #include <VKFACVENTAS.h>
@@ -47,7 +46,11 @@ QString textoONada(const QVariant& v) {
 
 } // namespace
 
-frmFacturasVenta::frmFacturasVenta(VKFACVENTAS& factura) : factura_(factura), bd_(factura.MyBd()) {
+frmFacturasVenta::frmFacturasVenta(VKFACVENTAS& factura)
+    : factura_(factura), bd_(factura.MyBd()),
+      nombreCliente_(fnNombreCliente(
+          static_cast<int>(bd_.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()))),
+      grupos_(bd_.cn(), nombreCliente_) {
     Caption = mensajes::kTituloMultifactura;
     const QString hoy = Format(QDate::currentDate(), kFormatoFecha);
     Text1[3] = hoy;
@@ -58,8 +61,6 @@ frmFacturasVenta::frmFacturasVenta(VKFACVENTAS& factura) : factura_(factura), bd
     Text1[11] = QString::number(bd_.Parametros().Item(QStringLiteral("Par_NCopFac")).Entero());
     Check3 = bd_.Parametros().Item(QStringLiteral("Par_RecCar")).Entero() == 1;
     cboFpago = msCargarFormasCobro(bd_);
-    nombreCliente_ = fnNombreCliente(
-        static_cast<int>(bd_.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
 }
 
 void frmFacturasVenta::msBuscarCliente(qint32 nCodigo) {
@@ -137,17 +138,19 @@ frmFacturasVenta::Filtro frmFacturasVenta::clausulaComun() const {
 void frmFacturasVenta::cmdBuscar() {
     ListView1.clear();
     dbgLineas = Recordset();
-    dbgCli.clear();
+    grupos_.Vacia();
+    ++busquedas_;
     filaCli = -1;
     const Filtro f = clausulaComun();
     const QString agente =
         chkGroupAgentes ? QStringLiteral(", 0 AS Cav_Agente") : QStringLiteral(", Cav_Agente");
+    // Only each group's key and amount are kept; the name is selected for
+    // the order alone (the list reads the customer's data with its page).
     const QString sql =
-        QStringLiteral("SELECT Cav_Idcli, %1 AS Cli_Nom, Fco_Des, cav_dto1, cav_dto2, CLI_ImpMin, "
-                       "CLI_CTA, SUM(Lav_Importe) AS suma, cav_IdFco, CLI_DI1, CLI_DI2, "
-                       "cli_favobs, Cli_Dto1, Cli_Dto2 %2, Cli_Fatencion, CLI_RetNFiscal, "
-                       "CLI_ModoRetNF FROM Cav INNER JOIN Cli ON Cli_Id = Cav_IdCli INNER JOIN "
-                       "Lav ON Lav_IdCav = Cav_Id INNER JOIN Fco ON Fco_Id = Cav_IdFco %3 %4 "
+        QStringLiteral("SELECT Cav_Idcli, %1 AS Cli_Nom, cav_IdFco, cav_dto1, cav_dto2, "
+                       "SUM(Lav_Importe) AS suma %2 FROM Cav INNER JOIN Cli ON Cli_Id = Cav_IdCli "
+                       "INNER JOIN Lav ON Lav_IdCav = Cav_Id INNER JOIN Fco ON Fco_Id = Cav_IdFco "
+                       "%3 %4 "
                        "GROUP BY Cav_Idcli, cli_nom, Fco_Des, cav_dto1, cav_dto2, Cli_DTo1, "
                        "Cli_Dto2, cli_impmin, cli_cta, cav_IdFco, Cli_di1, cli_di2 %5, "
                        "cli_favobs, CLI_TIPDOC, CLI_APE1, CLI_APE2, cli_comer, Cli_Fatencion, "
@@ -156,46 +159,28 @@ void frmFacturasVenta::cmdBuscar() {
             .arg(nombreCliente_, agente, f.sql,
                  Check1 ? QString() : QStringLiteral(" AND Lav_Importe <> 0 "),
                  chkGroupAgentes ? QString() : QStringLiteral(", Cav_Agente"));
-    // Read row by row into the list: with tens of thousands of groups the
-    // rows are never held twice.
-    QHash<QString, QString> formas; // one copy of each payment terms' name
-    bd_.cn().Recorre(sql, f.parametros, [&](const Recordset& rs) {
-        GrupoFacturable g;
-        g.Cav_Idcli = static_cast<qint32>(rs.Fields(QStringLiteral("Cav_Idcli")).Entero());
-        g.Cli_Nom = rs.Fields(QStringLiteral("Cli_Nom")).Texto();
-        const QString forma = rs.Fields(QStringLiteral("Fco_Des")).Texto();
-        auto it = formas.constFind(forma);
-        if (it == formas.constEnd()) {
-            it = formas.insert(forma, forma);
+    bd_.cn().Recorre(sql, f.parametros, [this](const Recordset& rs) {
+        ClaveGrupo k;
+        k.Cav_Idcli = static_cast<qint32>(rs.Fields(QStringLiteral("Cav_Idcli")).Entero());
+        k.cav_IdFco = static_cast<qint32>(rs.Fields(QStringLiteral("cav_IdFco")).Entero());
+        k.cav_dto1 = rs.Fields(QStringLiteral("cav_dto1")).Doble();
+        k.cav_dto2 = rs.Fields(QStringLiteral("cav_dto2")).Doble();
+        k.tOTAL =
+            importeConDescuentos(rs.Fields(QStringLiteral("suma")).Doble(), k.cav_dto1, k.cav_dto2);
+        if (const Campo a = rs.Fields(QStringLiteral("Cav_Agente")); !a.IsNull()) {
+            k.Cav_Agente = static_cast<qint32>(a.Entero());
         }
-        g.Fco_Des = *it;
-        g.cav_dto1 = rs.Fields(QStringLiteral("cav_dto1")).Doble();
-        g.cav_dto2 = rs.Fields(QStringLiteral("cav_dto2")).Doble();
-        g.CLI_ImpMin = rs.Fields(QStringLiteral("CLI_ImpMin")).Doble();
-        g.CLI_CTA = rs.Fields(QStringLiteral("CLI_CTA")).Value();
-        g.tOTAL =
-            importeConDescuentos(rs.Fields(QStringLiteral("suma")).Doble(), g.cav_dto1, g.cav_dto2);
-        g.cav_IdFco = static_cast<qint32>(rs.Fields(QStringLiteral("cav_IdFco")).Entero());
-        g.CLI_DI1 = static_cast<qint32>(rs.Fields(QStringLiteral("CLI_DI1")).Entero());
-        g.CLI_DI2 = static_cast<qint32>(rs.Fields(QStringLiteral("CLI_DI2")).Entero());
-        g.cli_favobs = rs.Fields(QStringLiteral("cli_favobs")).Value();
-        g.Cli_Dto1 = rs.Fields(QStringLiteral("Cli_Dto1")).Doble();
-        g.Cli_Dto2 = rs.Fields(QStringLiteral("Cli_Dto2")).Doble();
-        g.Cav_Agente = rs.Fields(QStringLiteral("Cav_Agente")).Value();
-        g.Cli_Fatencion = rs.Fields(QStringLiteral("Cli_Fatencion")).Value();
-        g.CLI_RetNFiscal = rs.Fields(QStringLiteral("CLI_RetNFiscal")).Doble();
-        g.CLI_ModoRetNF = static_cast<qint16>(rs.Fields(QStringLiteral("CLI_ModoRetNF")).Entero());
-        dbgCli.push_back(std::move(g));
+        grupos_.Anade(k);
     });
-    dbgCli.shrink_to_fit();
-    if (dbgCli.empty()) {
+    grupos_.Termina();
+    if (NumeroGrupos() == 0) {
         Text1_14_Enabled = false;
         Text1[14].clear();
         Ui().Mensaje(mensajes::kSinAlbaranesPendientes, Icono::Informacion, Caption);
         return;
     }
     // The attention line is typed for one invoice only.
-    Text1_14_Enabled = dbgCli.size() == 1;
+    Text1_14_Enabled = NumeroGrupos() == 1;
     if (!Text1_14_Enabled) {
         Text1[14].clear();
     }
@@ -204,11 +189,11 @@ void frmFacturasVenta::cmdBuscar() {
 
 void frmFacturasVenta::SeleccionaGrupo(int fila) {
     filaCli = fila;
-    if (fila < 0 || fila >= static_cast<int>(dbgCli.size())) {
+    if (fila < 0 || fila >= NumeroGrupos()) {
         return;
     }
-    const GrupoFacturable& g = dbgCli[fila];
-    msCargarAlbaranes();
+    const GrupoFacturable g = Grupo(fila);
+    msCargarAlbaranes(g);
     if (!Check2) {
         Text1[7] = textoONada(g.cli_favobs);
     }
@@ -221,8 +206,7 @@ void frmFacturasVenta::SeleccionaGrupo(int fila) {
     lblCliObs = obs.Eof() ? QString() : obs.Fields(0).Texto();
 }
 
-void frmFacturasVenta::msCargarAlbaranes() {
-    const GrupoFacturable& g = dbgCli[filaCli];
+void frmFacturasVenta::msCargarAlbaranes(const GrupoFacturable& g) {
     // Addresses, the fiscal one first.
     cboDir.clear();
     direcciones_.clear();
@@ -329,9 +313,9 @@ bool frmFacturasVenta::compruebaFacturacion() {
     }
     // A domiciled payment needs the customer's bank account (the group
     // current at this moment, also in the all-customers run).
-    if (cboFpagoIndex >= 0 && filaCli >= 0 && filaCli < static_cast<int>(dbgCli.size()) &&
+    if (cboFpagoIndex >= 0 && filaCli >= 0 && filaCli < NumeroGrupos() &&
         !fnCuentaCobroValida(bd_, fnIdCombo(cboFpago[cboFpagoIndex]),
-                             textoONada(dbgCli[filaCli].CLI_CTA))) {
+                             textoONada(Grupo(filaCli).CLI_CTA))) {
         Ui().Mensaje(mensajes::kCuentaCobroIncorrecta, Icono::Aviso, Caption);
         return false;
     }
@@ -479,11 +463,11 @@ void frmFacturasVenta::anota(PorConfirmar&& hechas, QVector<qint32>& ids) {
 }
 
 void frmFacturasVenta::facturacionSelectiva() {
-    if (filaCli < 0 || filaCli >= static_cast<int>(dbgCli.size())) {
+    if (filaCli < 0 || filaCli >= NumeroGrupos()) {
         Ui().Mensaje(mensajes::kDebeSeleccionar, Icono::Aviso, Caption);
         return;
     }
-    const GrupoFacturable g = dbgCli[filaCli];
+    const GrupoFacturable g = Grupo(filaCli);
     std::vector<qint32> marcados;
     for (const AlbaranFacturable& a : ListView1) {
         if (a.marcado) {
@@ -527,13 +511,13 @@ void frmFacturasVenta::msFacturarTodos() {
     // one disk synchronisation for several, and none reported before it.
     TransaccionPorLotes lote(bd_.cn());
     std::size_t analizadas = 10;
-    const int total = static_cast<int>(dbgCli.size());
+    const int total = NumeroGrupos();
     int i = 0;
     try {
         for (; i < total && !ejecucionDetenida; ++i) {
             lote.Empieza();
             SeleccionaGrupo(i);
-            const GrupoFacturable& g = dbgCli[i];
+            const GrupoFacturable g = Grupo(i);
             std::vector<qint32> albaranes;
             for (const AlbaranFacturable& a : ListView1) {
                 albaranes.push_back(a.Cav_Id);

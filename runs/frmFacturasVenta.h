@@ -4,6 +4,8 @@
 // commands are methods, and people are reached through the interaction port.
 #pragma once
 
+#include "GruposFacturables.h"
+
 #include <FacturacionAlbaranes.h>
 #include <QDate>
 #include <QString>
@@ -21,28 +23,6 @@ namespace vk {
 
 class VKFACVENTAS;
 class BdSesion;
-
-// One billable group: a row of dbgCli.
-struct GrupoFacturable {
-    qint32 Cav_Idcli = 0;
-    QString Cli_Nom;
-    QString Fco_Des;
-    double cav_dto1 = 0;
-    double cav_dto2 = 0;
-    double CLI_ImpMin = 0;
-    QVariant CLI_CTA;
-    double tOTAL = 0; // after both discounts of the notes
-    qint32 cav_IdFco = 0;
-    qint32 CLI_DI1 = 0;
-    qint32 CLI_DI2 = 0;
-    QVariant cli_favobs;
-    double Cli_Dto1 = 0;
-    double Cli_Dto2 = 0;
-    QVariant Cav_Agente; // 0 when agents do not split groups; NULL when the notes have none
-    QVariant Cli_Fatencion;
-    double CLI_RetNFiscal = 0;
-    qint16 CLI_ModoRetNF = 0;
-};
 
 // An invoice of the run that did not finish, or a group left undone, with
 // the reason a person reads.
@@ -87,8 +67,14 @@ public:
     QString Label1_1;
     QString lblCliObs;
 
-    std::vector<GrupoFacturable> dbgCli; // rsCli
-    int filaCli = -1;                    // its current row
+    // The groups of the last search (dbgCli, rsCli), in its order: how
+    // many, and one by its row, whose customer's data is read with its page.
+    int NumeroGrupos() const { return grupos_.Numero(); }
+    GrupoFacturable Grupo(int fila) const { return grupos_.Grupo(fila); }
+    // Counts the searches: a view shows the groups again only when a search
+    // changed them.
+    int BusquedasHechas() const { return busquedas_; }
+    int filaCli = -1; // the current row of dbgCli
     std::vector<AlbaranFacturable> ListView1;
     Recordset dbgLineas;
     QString lblLineas;
@@ -126,7 +112,7 @@ private:
     };
     Filtro clausulaFechas() const;
     Filtro clausulaComun() const; // dates, customer, state, series
-    void msCargarAlbaranes();
+    void msCargarAlbaranes(const GrupoFacturable& g);
     bool compruebaFacturacion();
     CabeceraFactura cabecera(const GrupoFacturable& g) const;
     // The invoice date typed in Text1[6]; invalid when it is not a date.
@@ -171,6 +157,8 @@ private:
     VKFACVENTAS& factura_;
     BdSesion& bd_;
     QString nombreCliente_; // SQL of the customer's display name
+    GruposFacturables grupos_;
+    int busquedas_ = 0;
     qint32 idClienteFiltro_ = 0;
     std::vector<qint32> direcciones_; // Dir_Id of cboDir's items
     bool facturandoTodos_ = false;

@@ -4,7 +4,9 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTableWidget>
+#include <QVariant>
 
 namespace vk::ui {
 
@@ -34,10 +36,10 @@ QCheckBox* NuevaCasilla(QWidget* padre, const QString& nombre, const QString& te
     return c;
 }
 
-QTableWidget* NuevaRejilla(QWidget* padre, const QString& nombre, const QStringList& cabeceras) {
-    auto* t = new QTableWidget(0, static_cast<int>(cabeceras.size()), padre);
+namespace {
+
+void configuraRejilla(QTableView* t, const QString& nombre) {
     t->setObjectName(nombre);
-    t->setHorizontalHeaderLabels(cabeceras);
     t->setSelectionBehavior(QAbstractItemView::SelectRows);
     t->setSelectionMode(QAbstractItemView::SingleSelection);
     t->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -45,7 +47,26 @@ QTableWidget* NuevaRejilla(QWidget* padre, const QString& nombre, const QStringL
     t->verticalHeader()->setDefaultSectionSize(22);
     t->horizontalHeader()->setStretchLastSection(true);
     t->setAlternatingRowColors(true);
+}
+
+} // namespace
+
+QTableWidget* NuevaRejilla(QWidget* padre, const QString& nombre, const QStringList& cabeceras) {
+    auto* t = new QTableWidget(0, static_cast<int>(cabeceras.size()), padre);
+    t->setHorizontalHeaderLabels(cabeceras);
+    configuraRejilla(t, nombre);
     return t;
+}
+
+QTableView* NuevaRejilla(QWidget* padre, const QString& nombre, QAbstractItemModel* modelo) {
+    auto* t = new QTableView(padre);
+    t->setModel(modelo);
+    configuraRejilla(t, nombre);
+    return t;
+}
+
+QString TextoCelda(const QVariant& v) {
+    return v.isNull() ? QString() : v.toString().trimmed();
 }
 
 void PonTexto(QLineEdit* caja, const QString& texto) {

@@ -6,10 +6,13 @@
 
 #include <QString>
 
+class QAbstractItemModel;
 class QLineEdit;
 class QPushButton;
 class QCheckBox;
+class QTableView;
 class QTableWidget;
+class QVariant;
 class QWidget;
 
 namespace vk::ui {
@@ -22,6 +25,14 @@ QPushButton* NuevoBoton(QWidget* padre, const QString& nombre, const QString& te
 QCheckBox* NuevaCasilla(QWidget* padre, const QString& nombre, const QString& texto);
 // A read-only grid that selects whole rows.
 QTableWidget* NuevaRejilla(QWidget* padre, const QString& nombre, const QStringList& cabeceras);
+// The same grid over a model, which gives its headers: for lists too long
+// to hold an item per cell.
+QTableView* NuevaRejilla(QWidget* padre, const QString& nombre, QAbstractItemModel* modelo);
+
+// Money as the grids show it.
+inline const QString kMascaraImporte = QStringLiteral("#,###,##0.00");
+// A value as the grids show it: nothing for NULL, the text trimmed.
+QString TextoCelda(const QVariant& v);
 
 // Sets a line edit's text only when it differs: keeps the cursor and the
 // modified flag of a box the person is typing in.

@@ -2,6 +2,7 @@
 
 #include "Controles.h"
 #include "InteraccionQt.h"
+#include "ModeloGrupos.h"
 
 #include <ErrorBd.h>
 #include <Formato.h>
@@ -12,12 +13,14 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 #include <QTableWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -27,18 +30,12 @@ namespace vk::ui {
 
 namespace {
 
-const QString kImporte = QStringLiteral("#,###,##0.00");
-
 QTableWidgetItem* celda(const QString& texto, bool numero = false) {
     auto* item = new QTableWidgetItem(texto);
     if (numero) {
         item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
     return item;
-}
-
-QString textoDe(const QVariant& v) {
-    return v.isNull() ? QString() : v.toString().trimmed();
 }
 
 QLabel* etiqueta(QWidget* padre, const QString& texto, QWidget* companero) {
@@ -104,12 +101,8 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     gFiltro->setColumnStretch(6, 1);
 
     // --- the groups ---
-    dbgCli_ =
-        NuevaRejilla(this, QStringLiteral("dbgCli"),
-                     {QStringLiteral("Cliente"), QStringLiteral("Forma de cobro"),
-                      QStringLiteral("% Dto1"), QStringLiteral("% Dto2"),
-                      QStringLiteral("Importe facturable"), QStringLiteral("%Dto Pie Albaran"),
-                      QStringLiteral("Agente"), QStringLiteral("Factura A/A")});
+    grupos_ = new ModeloGrupos(modelo_, this);
+    dbgCli_ = NuevaRejilla(this, QStringLiteral("dbgCli"), grupos_);
     const int anchos[] = {220, 170, 58, 58, 128, 122, 58, 120};
     for (int c = 0; c < 8; ++c) {
         dbgCli_->setColumnWidth(c, anchos[c]);
@@ -266,11 +259,13 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
             orden([this] { modelo_.Text1_0_LostFocus(); });
         }
     });
-    QObject::connect(dbgCli_, &QTableWidget::currentCellChanged, this, [this](int fila) {
-        if (!copiando_ && fila >= 0 && fila != modelo_.filaCli) {
-            orden([this, fila] { modelo_.SeleccionaGrupo(fila); });
-        }
-    });
+    QObject::connect(dbgCli_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+                     [this](const QModelIndex& actual) {
+                         const int fila = actual.row();
+                         if (!copiando_ && fila >= 0 && fila != modelo_.filaCli) {
+                             orden([this, fila] { modelo_.SeleccionaGrupo(fila); });
+                         }
+                     });
     QObject::connect(ListView1_, &QTreeWidget::itemChanged, this,
                      [this](QTreeWidgetItem* item, int columna) {
                          if (copiando_ || columna != 0) {
@@ -388,28 +383,11 @@ void VistaFacturasVenta::desdeModelo() {
 }
 
 void VistaFacturasVenta::rellenaGrupos() {
-    const auto& grupos = modelo_.dbgCli;
-    dbgCli_->setRowCount(static_cast<int>(grupos.size()));
-    for (int r = 0; r < static_cast<int>(grupos.size()); ++r) {
-        const GrupoFacturable& g = grupos[static_cast<std::size_t>(r)];
-        dbgCli_->setItem(r, 0, celda(g.Cli_Nom.trimmed()));
-        dbgCli_->setItem(r, 1, celda(g.Fco_Des.trimmed()));
-        dbgCli_->setItem(r, 2, celda(Format(g.cav_dto1, QStringLiteral("##0.00")), true));
-        dbgCli_->setItem(r, 3, celda(Format(g.cav_dto2, QStringLiteral("##0.00")), true));
-        dbgCli_->setItem(r, 4, celda(Format(g.tOTAL, kImporte) + QLatin1Char(' '), true));
-        dbgCli_->setItem(r, 5,
-                         celda(Format(g.Cli_Dto1, QStringLiteral("##0.00")) +
-                                   QStringLiteral(" / ") +
-                                   Format(g.Cli_Dto2, QStringLiteral("##0.00")),
-                               true));
-        dbgCli_->setItem(r, 6, celda(textoDe(g.Cav_Agente), true));
-        dbgCli_->setItem(r, 7, celda(textoDe(g.Cli_Fatencion)));
-    }
-    if (modelo_.filaCli >= 0 && modelo_.filaCli < dbgCli_->rowCount()) {
-        dbgCli_->setCurrentCell(modelo_.filaCli, 0);
-    } else {
-        dbgCli_->setCurrentCell(-1, -1);
-    }
+    // The rows themselves are asked of the model as the grid shows them.
+    grupos_->Actualiza();
+    const int fila = modelo_.filaCli;
+    dbgCli_->setCurrentIndex(fila >= 0 && fila < grupos_->rowCount() ? grupos_->index(fila, 0)
+                                                                     : QModelIndex());
 }
 
 void VistaFacturasVenta::rellenaAlbaranes() {
@@ -419,9 +397,9 @@ void VistaFacturasVenta::rellenaAlbaranes() {
         auto* item = new QTreeWidgetItem(ListView1_);
         item->setText(0, a.NuAlbaran);
         item->setText(1, Format(a.Cav_Fecha, QStringLiteral("dd/mm/yyyy")));
-        item->setText(2, Format(a.TAlbaran, kImporte));
+        item->setText(2, Format(a.TAlbaran, kMascaraImporte));
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-        item->setText(3, textoDe(a.Cav_Agente));
+        item->setText(3, TextoCelda(a.Cav_Agente));
         item->setData(0, Qt::UserRole, a.Cav_Id);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(0, a.marcado ? Qt::Checked : Qt::Unchecked);
@@ -450,7 +428,7 @@ void VistaFacturasVenta::rellenaLineas() {
             dbgLineas_->setItem(r, c,
                                 celda(numero && !v.isNull()
                                           ? Format(v, QString::fromLatin1(columnas[c].mascara))
-                                          : textoDe(v),
+                                          : TextoCelda(v),
                                       numero));
         }
     }

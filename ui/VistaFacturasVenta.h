@@ -14,6 +14,7 @@ class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QRadioButton;
+class QTableView;
 class QTableWidget;
 class QTreeWidget;
 
@@ -22,6 +23,8 @@ class frmFacturasVenta;
 }
 
 namespace vk::ui {
+
+class ModeloGrupos;
 
 class VistaFacturasVenta : public QDialog {
 public:
@@ -38,8 +41,7 @@ protected:
 private:
     // Runs a model command between the two copies; errors reach the person
     // through the port.
-    template <typename F>
-    void orden(F&& f);
+    template <typename F> void orden(F&& f);
     void rellenaGrupos();
     void rellenaAlbaranes();
     void rellenaLineas();
@@ -58,7 +60,8 @@ private:
     QLabel* Label1_1_ = nullptr;
     QLabel* lblCliObs_ = nullptr;
     QLabel* lblLineas_ = nullptr;
-    QTableWidget* dbgCli_ = nullptr;
+    ModeloGrupos* grupos_ = nullptr;
+    QTableView* dbgCli_ = nullptr;
     QTreeWidget* ListView1_ = nullptr;
     QTableWidget* dbgLineas_ = nullptr;
     QProgressBar* progreso_ = nullptr;

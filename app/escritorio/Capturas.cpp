@@ -7,7 +7,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPrintPreviewWidget>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTextStream>
 #include <QTreeWidget>
 #include <VKFACVENTAS.h>
@@ -90,9 +90,9 @@ int HazCapturas(VKFACVENTAS& factura, const QString& carpeta) {
             frmFacturasVenta modelo(factura);
             ui::VistaFacturasVenta vista(modelo);
             vista.findChild<QAbstractButton*>(QStringLiteral("cmdBuscar"))->click();
-            auto* grupos = vista.findChild<QTableWidget*>(QStringLiteral("dbgCli"));
-            if (grupos->rowCount() > 1) {
-                grupos->setCurrentCell(1, 0);
+            auto* grupos = vista.findChild<QTableView*>(QStringLiteral("dbgCli"));
+            if (grupos->model()->rowCount() > 1) {
+                grupos->setCurrentIndex(grupos->model()->index(1, 0));
             }
             guarda(vista, ui.fichero(QStringLiteral("facturas-venta")));
             modelo.msBuscarCliente(-1);

@@ -3,6 +3,7 @@
 #include "EmisorAnotado.h"
 #include "EmpresaPrueba.h"
 
+#include <Conexion.h>
 #include <FacturacionAlbaranes.h>
 #include <MensajesMotor.h>
 #include <MensajesRuns.h>
@@ -10,6 +11,7 @@
 #include <frmFactuAlbaran.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
+#include <set>
 
 namespace vk::prueba {
 namespace {
@@ -70,7 +72,7 @@ TEST_P(Multifactura, GroupsSplitByTermsDiscountsAndAgents) {
     albaran(c, kDia10, 80, contado, 5, 0, 1);
     auto p = pantalla();
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 3u);
+    ASSERT_EQ(p->NumeroGrupos(), 3);
     EXPECT_FALSE(p->Text1_14_Enabled);
     EXPECT_EQ(p->ListView1.size(), 1u);
     EXPECT_EQ(p->Label1_1, QStringLiteral("Albaranes pendientes de Cliente Número 1 "));
@@ -78,11 +80,11 @@ TEST_P(Multifactura, GroupsSplitByTermsDiscountsAndAgents) {
     // Agents no longer split: the two notes without discount are one group.
     p->chkGroupAgentes = true;
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 2u);
-    EXPECT_EQ(p->dbgCli[0].Cav_Agente.toInt(), 0);
-    const auto& sinDto = p->dbgCli[0].cav_dto1 == 0 ? p->dbgCli[0] : p->dbgCli[1];
+    ASSERT_EQ(p->NumeroGrupos(), 2);
+    EXPECT_EQ(p->Grupo(0).Cav_Agente.toInt(), 0);
+    const auto& sinDto = p->Grupo(0).cav_dto1 == 0 ? p->Grupo(0) : p->Grupo(1);
     EXPECT_DOUBLE_EQ(sinDto.tOTAL, 150);
-    p->SeleccionaGrupo(p->dbgCli[0].cav_dto1 == 0 ? 0 : 1);
+    p->SeleccionaGrupo(p->Grupo(0).cav_dto1 == 0 ? 0 : 1);
     EXPECT_EQ(p->ListView1.size(), 2u);
     EXPECT_EQ(p->ListView1[0].Cav_Fecha, kDia1); // date order
     EXPECT_EQ(p->dbgLineas.RecordCount(), 1);
@@ -100,7 +102,7 @@ TEST_P(Multifactura, SecondDiscountDoesNotSplitTheNotesOfARun) {
     albaran(c, kDia10, 100, contado, 5, 3);
     auto p = pantalla();
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 2u);
+    ASSERT_EQ(p->NumeroGrupos(), 2);
     // Each group lists the notes of both.
     EXPECT_EQ(p->ListView1.size(), 2u);
     facturaTodos(*p);
@@ -121,7 +123,7 @@ TEST_P(Multifactura, DateFiltersAndZeroNotes) {
     // A lone from-date acts as a latest date.
     p->Text1[2] = QStringLiteral("10/03/2026");
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 1u);
+    ASSERT_EQ(p->NumeroGrupos(), 1);
     EXPECT_EQ(p->ListView1.size(), 2u);
     p->Text1[2].clear();
     p->Text1[3] = QStringLiteral("10/03/2026");
@@ -145,7 +147,7 @@ TEST_P(Multifactura, DateFiltersAndZeroNotes) {
     p->Text1[2] = QStringLiteral("01/01/2020");
     p->Text1[3] = QStringLiteral("02/01/2020");
     p->cmdBuscar();
-    EXPECT_TRUE(p->dbgCli.empty());
+    EXPECT_EQ(p->NumeroGrupos(), 0);
     EXPECT_EQ(e->ui().Textos().back(), mensajes::kSinAlbaranesPendientes);
 }
 
@@ -248,7 +250,7 @@ TEST_P(Multifactura, FailedLinkUndoesOneInvoiceAndTheRunGoesOn) {
     auto p = pantalla();
     p->Text1[11] = QStringLiteral("1");
     p->cmdBuscar();
-    ASSERT_EQ(p->dbgCli.size(), 3u);
+    ASSERT_EQ(p->NumeroGrupos(), 3);
     facturaTodos(*p);
     ASSERT_EQ(p->facturasGeneradas.size(), 2u);
     // No trace of the failed invoice, and no gap in the numbers.
@@ -383,7 +385,7 @@ TEST(MultifacturaDiscoLleno, AFullDiskStopsTheRunAndLosesNothing) {
     p.Text1[6] = QStringLiteral("31/03/2026");
     p.Text1[11] = QStringLiteral("0");
     p.cmdBuscar();
-    ASSERT_EQ(p.dbgCli.size(), 40u);
+    ASSERT_EQ(p.NumeroGrupos(), 40);
     const qint64 paginas = e.cn().Execute(QStringLiteral("PRAGMA page_count")).Fields(0).Entero();
     e.cn().Execute(QStringLiteral("PRAGMA max_page_count = %1").arg(paginas));
     e.ui().dialogos.push_back(
@@ -410,6 +412,58 @@ TEST(MultifacturaDiscoLleno, AFullDiskStopsTheRunAndLosesNothing) {
         << p.incidencias[0].motivo.toStdString();
     EXPECT_EQ(p.incidencias[1].motivo.toStdString(),
               mensajes::kGruposSinIntentar.arg(40 - hechas - 1).toStdString());
+}
+
+// More groups than one page: a group past the boundary has its own
+// customer's data, and the run gives every invoice its own customer's.
+TEST_P(Multifactura, GroupsPastAPageKeepTheirOwnCustomersData) {
+    constexpr int kPagina = GruposFacturables::kGruposPorPagina;
+    const int n = kPagina + 12;
+    {
+        Transaccion t(e->cn());
+        for (int i = 0; i < n; ++i) {
+            const qint32 c = e->cliente();
+            e->cn().Execute(
+                QStringLiteral("UPDATE Cli SET Cli_favobs = ?, Cli_Fatencion = ? WHERE Cli_Id = ?"),
+                {QStringLiteral("Observaciones de %1").arg(c), QStringLiteral("Sr. %1").arg(c), c});
+            albaran(c, kDia1, 10 + i, contado);
+        }
+        t.Confirma();
+    }
+    auto p = pantalla();
+    p->Text1[11] = QStringLiteral("0");
+    p->cmdBuscar();
+    ASSERT_EQ(p->NumeroGrupos(), n);
+    const auto nombre = [this](qint32 id) {
+        return QStringLiteral("Cliente Número %1")
+            .arg(e->cuenta(QStringLiteral("SELECT Cli_Cod FROM Cli WHERE Cli_Id = ?"), {id}));
+    };
+    for (const int fila : {kPagina + 7, 3, kPagina, kPagina - 1, n - 1}) {
+        const GrupoFacturable g = p->Grupo(fila);
+        EXPECT_EQ(g.Cli_Nom.trimmed(), nombre(g.Cav_Idcli)) << fila;
+        EXPECT_EQ(g.cli_favobs.toString(), QStringLiteral("Observaciones de %1").arg(g.Cav_Idcli))
+            << fila;
+        EXPECT_EQ(g.Fco_Des, QStringLiteral("Contado")) << fila;
+    }
+    // Every customer once: the pages neither repeat nor skip a group.
+    std::set<qint32> clientes;
+    for (int fila = 0; fila < n; ++fila) {
+        clientes.insert(p->Grupo(fila).Cav_Idcli);
+    }
+    EXPECT_EQ(clientes.size(), static_cast<std::size_t>(n));
+    const GrupoFacturable g = p->Grupo(kPagina + 7);
+    p->SeleccionaGrupo(kPagina + 7);
+    EXPECT_EQ(p->Text1[7], QStringLiteral("Observaciones de %1").arg(g.Cav_Idcli));
+    EXPECT_EQ(p->Label1_1.trimmed(), mensajes::kAlbaranesPendientesDe + nombre(g.Cav_Idcli));
+    ASSERT_EQ(p->ListView1.size(), 1u);
+
+    facturaTodos(*p);
+    EXPECT_EQ(p->facturasGeneradas.size(), static_cast<std::size_t>(n));
+    EXPECT_EQ(pendientes(), 0);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav INNER JOIN Cli ON Cli_Id = "
+                                       "Fav_IdCli WHERE Fav_Obs = Cli_favobs AND Fav_Fatencion = "
+                                       "Cli_Fatencion")),
+              n);
 }
 
 TEST_P(Multifactura, NoCopiesSkipTheIssue) {

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPrintPreviewWidget>
+#include <QTableView>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -82,16 +83,17 @@ TEST_P(Vistas, SelectiveRunFromTheWidgetsInvoicesTheTickedNotesAndShowsTheViewer
     frmFacturasVenta modelo(*factura);
     ui::VistaFacturasVenta v(modelo);
     busca(v);
-    auto* grupos = hijo<QTableWidget>(v, QStringLiteral("dbgCli"));
+    auto* rejilla = hijo<QTableView>(v, QStringLiteral("dbgCli"));
+    auto* grupos = rejilla->model();
     auto* notas = hijo<QTreeWidget>(v, QStringLiteral("ListView1"));
     ASSERT_GT(grupos->rowCount(), 1);
-    EXPECT_EQ(grupos->rowCount(), static_cast<int>(modelo.dbgCli.size()));
-    EXPECT_EQ(grupos->item(0, 0)->text(), modelo.dbgCli[0].Cli_Nom.trimmed());
+    EXPECT_EQ(grupos->rowCount(), modelo.NumeroGrupos());
+    EXPECT_EQ(grupos->index(0, 0).data().toString(), modelo.Grupo(0).Cli_Nom.trimmed());
 
     // A group with at least two notes; moving the grid's row reloads them.
     int fila = -1;
     for (int r = 0; r < grupos->rowCount() && fila < 0; ++r) {
-        grupos->setCurrentCell(r, 0);
+        rejilla->setCurrentIndex(grupos->index(r, 0));
         if (notas->topLevelItemCount() >= 2) {
             fila = r;
         }
@@ -148,14 +150,14 @@ TEST_P(Vistas, SelectiveRunFromTheWidgetsInvoicesTheTickedNotesAndShowsTheViewer
     EXPECT_GE(paginas, 1);
     EXPECT_TRUE(pdf);
     // The search ran again: the untouched note is still pending in the grid.
-    EXPECT_EQ(grupos->rowCount(), static_cast<int>(modelo.dbgCli.size()));
+    EXPECT_EQ(grupos->rowCount(), modelo.NumeroGrupos());
 }
 
 TEST_P(Vistas, AllCustomersRunDisablesTheDiscountsAndLeavesNothingOfTheFirstGroup) {
     frmFacturasVenta modelo(*factura);
     ui::VistaFacturasVenta v(modelo);
     busca(v);
-    const int antes = hijo<QTableWidget>(v, QStringLiteral("dbgCli"))->rowCount();
+    const int antes = hijo<QTableView>(v, QStringLiteral("dbgCli"))->model()->rowCount();
     ASSERT_GT(antes, 0);
     auto* descuentos = hijo<QGroupBox>(v, QStringLiteral("Frame4"));
     pulsa(v, QStringLiteral("Check4"));
@@ -174,7 +176,7 @@ TEST_P(Vistas, AllCustomersRunDisablesTheDiscountsAndLeavesNothingOfTheFirstGrou
         [](DialogoModelo& d) { return dynamic_cast<frmIniFav&>(d).cmdInforme(); });
     pulsa(v, QStringLiteral("cmdFacturar"));
     EXPECT_GT(cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), 0);
-    EXPECT_LT(hijo<QTableWidget>(v, QStringLiteral("dbgCli"))->rowCount(), antes);
+    EXPECT_LT(hijo<QTableView>(v, QStringLiteral("dbgCli"))->model()->rowCount(), antes);
     EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Situa = 2 AND "
                                     "Cav_IdFactura NOT IN (SELECT Fav_Id FROM Fav)")),
               0);
@@ -210,7 +212,8 @@ TEST_P(Vistas, F1InTheCustomerBoxOpensTheLookupThroughTheQtPort) {
     EXPECT_FALSE(codigo->text().isEmpty());
     // The filter holds: only that customer's groups are found.
     busca(v);
-    for (const GrupoFacturable& g : modelo.dbgCli) {
+    for (int fila = 0; fila < modelo.NumeroGrupos(); ++fila) {
+        const GrupoFacturable g = modelo.Grupo(fila);
         EXPECT_TRUE(g.Cli_Nom.contains(QStringLiteral("Carmen"))) << g.Cli_Nom.toStdString();
     }
 
