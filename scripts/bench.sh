@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # The benchmarks: the all-customers invoicing run on a generated company
-# (2,000 customers, pending notes of 5 lines) on SQLite, at two sizes to show
-# memory does not grow with the notes, and on a PostgreSQL server with its
-# normal durability settings; then the issue of the demo invoices through the
-# report engine and the text layout.
+# (2,000 customers, pending notes of 5 lines) on SQLite at three sizes, then
+# at 2,000 and 20,000 groups to show memory does not grow with them, and on a
+# PostgreSQL server with its normal durability settings; then the issue of the
+# demo invoices through the report engine and the text layout.
 set -euo pipefail
 build=${1:-build}
 programa="$build/bench/vk_bench_facturacion"
@@ -27,9 +27,9 @@ for n in 1000 10000 100000; do
     echo "== SQLite, $n albaranes"
     "$programa" --db "$tmp/sqlite$n" --albaranes "$n" --clientes $((n < 2000 ? n : 2000))
 done
-echo "== SQLite, una factura por cliente: 10.000 y 20.000 albaranes (la memoria no crece con los albaranes)"
-"$programa" --db "$tmp/sqlite10g" --albaranes 10000 --grupo-por-cliente
-"$programa" --db "$tmp/sqlite20g" --albaranes 20000 --grupo-por-cliente
+echo "== SQLite, una factura por cliente: 2.000 y 20.000 grupos de 20.000 albaranes (la memoria no crece con los grupos)"
+"$programa" --db "$tmp/sqlite2g" --albaranes 20000 --clientes 2000 --grupo-por-cliente
+"$programa" --db "$tmp/sqlite20g" --albaranes 20000 --clientes 20000 --grupo-por-cliente
 
 "$(dirname "$0")/pg-prueba.sh" start "$pg" durable >/dev/null
 psql_bin=$(ls -d /usr/lib/postgresql/*/bin | sort -V | tail -n 1)/psql
