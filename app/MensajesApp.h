@@ -102,4 +102,19 @@ inline const QString kErrorInterno = QStringLiteral("Error interno: %1");
 inline const QString kErrorInternoDesconocido =
     QStringLiteral("Error interno: excepción desconocida.");
 
+// Looking at, changing and deleting one invoice.
+inline const QString kIndiqueNumeroFactura = QStringLiteral("Indique el número con --numero.");
+inline const QString kFacturaInexistenteOrden =
+    QStringLiteral("Factura Inexistente: no hay factura %1/%2.");
+inline const QString kAlbaranMalEscrito =
+    QStringLiteral("%1 espera SERIE/NÚMERO de un albarán, no «%2».");
+inline const QString kNumeroMalEscrito = QStringLiteral("%1 espera un número, no «%2».");
+inline const QString kTotalManualYSin =
+    QStringLiteral("--total-manual y --sin-total-manual no pueden ir juntas.");
+inline const QString kDescuentoFueraDeRango =
+    QStringLiteral("--%1 debe estar entre 0 y 100.");
+inline const QString kFacturaSinCambios =
+    QStringLiteral("La factura no se ha cambiado.");
+inline const QString kFacturaBorrada = QStringLiteral("Factura %1 borrada.");
+inline const QString kFacturaNoBorrada = QStringLiteral("La factura %1 no se ha borrado.");
 } // namespace vk::mensajes

@@ -2,6 +2,7 @@
 
 #include "Argumentos.h"
 #include "InteraccionConsola.h"
+#include "ImpresionFactura.h"
 #include "MensajesApp.h"
 
 #include <BdSesion.h>
@@ -20,15 +21,6 @@ namespace vk::app {
 
 namespace {
 
-// A rate for people: "21", "5,2".
-QString tipo(double porcentaje) {
-    QString t = Format(porcentaje, QStringLiteral("#,##0.##"));
-    if (t.endsWith(QLatin1Char(','))) {
-        t.chop(1);
-    }
-    return t;
-}
-
 // The invoice as it was stored, read back through the record's map.
 void imprimeFactura(qint32 idFactura, BdSesion& bd, QTextStream& out) {
     RegistroFactura f;
@@ -41,45 +33,12 @@ void imprimeFactura(qint32 idFactura, BdSesion& bd, QTextStream& out) {
                                         {idFactura})
                                .Fields(0)
                                .Entero();
-    const auto fila = [&out](const QString& concepto, double importe) {
-        out << QStringLiteral("  %1 %2").arg(concepto, -28).arg(FormatoMoneda(importe), 16)
-            << Qt::endl;
-    };
     out << QStringLiteral("Factura %1/%2 de %3, %4")
                .arg(f.SerieFactura)
                .arg(f.NumeroFactura)
                .arg(Format(f.FechaFactura, QStringLiteral("dd/mm/yyyy")), f.CliNom.trimmed())
         << Qt::endl;
-    fila(QStringLiteral("Bruto"), f.Bruto);
-    if (f.ImpDto1 != 0) {
-        fila(QStringLiteral("Descuento %1 %").arg(tipo(f.PorcentajeDto1)), -f.ImpDto1);
-    }
-    if (f.ImpDto2 != 0) {
-        fila(QStringLiteral("Descuento %1 %").arg(tipo(f.PorcentajeDto2)), -f.ImpDto2);
-    }
-    if (f.ImpDtoPie1 != 0) {
-        fila(QStringLiteral("Descuento por unidades"), -f.ImpDtoPie1);
-    }
-    for (const TramoIva& t : f.TramosIva) {
-        if (t.Base == 0 && t.ImpIva == 0) {
-            continue;
-        }
-        const QString tipoIva = tipo(t.PorcentajeIva);
-        fila(QStringLiteral("Base al %1 %").arg(tipoIva), t.Base);
-        fila(QStringLiteral("IVA %1 %").arg(tipoIva), t.ImpIva);
-        if (t.ImpRecargo != 0) {
-            fila(QStringLiteral("Recargo %1 %").arg(tipo(t.PorcentajeRecargo)), t.ImpRecargo);
-        }
-    }
-    if (f.ImpRetencion != 0) {
-        fila(QStringLiteral("Retención IRPF %1 %").arg(tipo(f.PorcentajeRetencion)),
-             -f.ImpRetencion);
-    }
-    fila(QStringLiteral("Total factura"), f.TotalFactura);
-    if (f.RetencionNF != 0) {
-        fila(QStringLiteral("Retención no fiscal"), -f.RetencionNF);
-        fila(QStringLiteral("Líquido"), f.Liquido);
-    }
+    ImprimeImportes(f, out);
     out << QStringLiteral("  Recibos: %1").arg(recibos) << Qt::endl;
 }
 

@@ -1,6 +1,7 @@
 // vkfactuven: the command-line host of the sales invoicing library.
 #include "Argumentos.h"
 #include "MensajesApp.h"
+#include "OrdenEdicion.h"
 #include "OrdenEmitir.h"
 #include "OrdenFactura.h"
 #include "OrdenFacturar.h"
@@ -36,6 +37,15 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
   emitir --serie S --desde N [--hasta N] (--pdf CARPETA | --impresora [COLA] | --pantalla)
          [--copia] [--albaranes] [--diseno N] [--usuario N] [--db DB]
                              emite esas facturas por el diseño de la empresa (o el indicado)
+  ver --serie S --numero N   muestra una factura: albaranes, importes por tipo y recibos
+  editar --serie S --numero N [--fecha F] [--serie-nueva S2] [--incluir-albaran SERIE/NUM]
+         [--quitar-albaran SERIE/NUM] [--total-manual IMPORTE | --sin-total-manual]
+         [--rca si|no] [--cliente COD] [--observaciones TEXTO] [--dto1 X] [--dto2 Y]
+         [--regenerar-recibos] [--no]
+                             cambia una factura como la pantalla de edición de facturas
+  borrar --serie S --numero N [--no]
+                             borra la última factura de una serie; sus albaranes vuelven
+                             a estar pendientes
 
 Las opciones se escriben --opcion valor o --opcion=valor. Todas las órdenes
 admiten --detalle: en los errores de la base de datos muestra también el texto
@@ -67,6 +77,15 @@ std::optional<Ejecuta> buscaOrden(const QString& orden) {
     }
     if (orden == QLatin1String("emitir")) {
         return vk::app::OrdenEmitir;
+    }
+    if (orden == QLatin1String("ver")) {
+        return vk::app::OrdenVer;
+    }
+    if (orden == QLatin1String("editar")) {
+        return vk::app::OrdenEditar;
+    }
+    if (orden == QLatin1String("borrar")) {
+        return vk::app::OrdenBorrar;
     }
     return std::nullopt;
 }

@@ -14,10 +14,16 @@ double BdUtil::Redondea(double valor, qint16 decimales) const {
 QString BdUtil::Busca(const QString& sSql, const QString& sColumna, const QString& sCabCodigo,
                       const QString& sCabNombre, const QString& sTitulo, int nAnchoCodigo,
                       int nAnchoNombre, qint16) {
+    return Busca(sSql, {}, sColumna, sCabCodigo, sCabNombre, sTitulo, nAnchoCodigo, nAnchoNombre);
+}
+
+QString BdUtil::Busca(const QString& sSql, const QVariantList& parametros, const QString& sColumna,
+                      const QString& sCabCodigo, const QString& sCabNombre, const QString& sTitulo,
+                      int nAnchoCodigo, int nAnchoNombre) {
     if (!cn_) {
         throw ErrorBd(mensajes::kBusquedaSinConexion);
     }
-    Recordset rs = cn_->Execute(sSql);
+    Recordset rs = cn_->Execute(sSql, parametros);
     PeticionBusca p;
     p.titulo = sTitulo;
     p.columna = sColumna;

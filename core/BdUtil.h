@@ -23,6 +23,10 @@ public:
     QString Busca(const QString& sSql, const QString& sColumna, const QString& sCabCodigo,
                   const QString& sCabNombre, const QString& sTitulo, int nAnchoCodigo,
                   int nAnchoNombre, qint16 nFlag = 0);
+    // The same with the statement's `?` values bound in order.
+    QString Busca(const QString& sSql, const QVariantList& parametros, const QString& sColumna,
+                  const QString& sCabCodigo, const QString& sCabNombre, const QString& sTitulo,
+                  int nAnchoCodigo, int nAnchoNombre);
 
     static constexpr QChar kSeparador = QChar(1);
 

@@ -404,6 +404,21 @@ double Val(const QString& texto) {
     return ok ? v : 0.0;
 }
 
+std::optional<double> LeeNumeroTecleado(const QString& texto) {
+    QString t = texto;
+    t.remove(QChar(0x20AC)).remove(QLatin1Char(' ')).remove(QChar(0xA0));
+    if (t.contains(QLatin1Char(','))) {
+        // Spanish: points group the thousands, the comma is the decimal point.
+        t.remove(QLatin1Char('.')).replace(QLatin1Char(','), QLatin1Char('.'));
+    }
+    bool ok = false;
+    const double v = t.toDouble(&ok);
+    if (!ok) {
+        return std::nullopt;
+    }
+    return v;
+}
+
 bool EsNumero(const QVariant& valor) {
     switch (valor.typeId()) {
     case QMetaType::Short:

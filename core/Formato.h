@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QVariant>
+#include <optional>
 
 namespace vk {
 
@@ -41,6 +42,10 @@ QString FormatoMoneda(double importe);
 // blanks skipped, then a sign, digits and a decimal point ("12B" is 12, "B12"
 // is 0, " -3.5x" is -3.5).
 double Val(const QString& texto);
+
+// A number as people type it: "1.234,56", "1234,56" or "1234.56", blanks
+// and "€" ignored. Nothing when the text is not a number.
+std::optional<double> LeeNumeroTecleado(const QString& texto);
 
 // A value held as a number (not as text that looks like one).
 bool EsNumero(const QVariant& valor);

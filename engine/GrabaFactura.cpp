@@ -28,6 +28,23 @@ template <typename Paso> auto enPaso(Conexion& cn, Paso paso) {
 
 } // namespace
 
+std::optional<qint16> fnEmpresaContabiliza(BdSesion& bd) {
+    // Posting as the invoice is saved: linked company, the suite's own
+    // accounting, sales linked, posting on save.
+    const BdParametros& par = bd.Parametros();
+    Recordset emp = bd.Referencia(
+        QStringLiteral("SELECT Emp_id, Emp_Conta FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
+        {par.Item(QStringLiteral("Par_Catalog")).Texto().trimmed().toUpper()});
+    if (!emp.Eof() && emp.Fields(QStringLiteral("Emp_Conta")).Entero() == 1 &&
+        par.Item(QStringLiteral("Par_GContable")).Texto().trimmed().toUpper() ==
+            QLatin1String("ORVACON") &&
+        par.Item(QStringLiteral("Par_Contav")).Entero() == 1 &&
+        par.Item(QStringLiteral("Par_ModConCon")).Entero() == 1) {
+        return static_cast<qint16>(emp.Fields(QStringLiteral("Emp_id")).Entero());
+    }
+    return std::nullopt;
+}
+
 bool fnGrabaFactura(VKFACVENTAS& f, bool bRecibos, bool bEdi, bool& importesEscritos) {
     importesEscritos = false;
     BdSesion& bd = f.MyBd();
@@ -58,19 +75,9 @@ bool fnGrabaFactura(VKFACVENTAS& f, bool bRecibos, bool bEdi, bool& importesEscr
         sCobro = enPaso(cn, [&f] { return msGeneraRecibosFactura(f); });
     }
 
-    // Posting as the invoice is saved: linked company, the suite's own
-    // accounting, sales linked, posting on save.
-    Recordset emp = bd.Referencia(
-        QStringLiteral("SELECT Emp_id, Emp_Conta FROM vkcomun.Emp WHERE UPPER(EMP_CATALOG) = ?"),
-        {par.Item(QStringLiteral("Par_Catalog")).Texto().trimmed().toUpper()});
-    if (!emp.Eof() && emp.Fields(QStringLiteral("Emp_Conta")).Entero() == 1 &&
-        par.Item(QStringLiteral("Par_GContable")).Texto().trimmed().toUpper() ==
-            QLatin1String("ORVACON") &&
-        par.Item(QStringLiteral("Par_Contav")).Entero() == 1 &&
-        par.Item(QStringLiteral("Par_ModConCon")).Entero() == 1) {
-        const auto nEmp = static_cast<qint16>(emp.Fields(QStringLiteral("Emp_id")).Entero());
+    if (const std::optional<qint16> nEmp = fnEmpresaContabiliza(bd)) {
         return enPaso(cn, [&] {
-            return f.ConexionContableFacturaVentas(nEmp, QStringLiteral("WHERE Fav_Id = ?"),
+            return f.ConexionContableFacturaVentas(*nEmp, QStringLiteral("WHERE Fav_Id = ?"),
                                                    {f.IdFactu}, bRecibos, false, bEdi, sCobro);
         });
     }

@@ -18,7 +18,8 @@ inline const QString kUltimaFechaSerie =
                    "a este fecha");
 inline const QString kCambioSerieImposible =
     QStringLiteral("No es posible realizar el cambio de serie con la fecha de factura");
-inline const QString kFechaPosterior = QStringLiteral("La fecha no puede ser posterior a %1");
+inline const QString kFechaPosterior =
+    QStringLiteral("La fecha no puede ser posterior a %1. Cambio de fecha cancelado");
 inline const QString kFechaAnterior =
     QStringLiteral("La fecha no puede ser anterior a %1. Cambio de fecha cancelado");
 inline const QString kLineaSinIva = QStringLiteral(
@@ -68,4 +69,19 @@ inline const QString kOtroAgente = QStringLiteral("agente");
 inline const QString kAgenteRecibosNoGrabado =
     QStringLiteral("No se pudo grabar el agente en los recibos de la factura: %1");
 
+// Editing an invoice.
+inline const QString kSoloUltimoNumero =
+    QStringLiteral("Sólo se admite eliminar el último número de una serie");
+inline const QString kAlbaranNoFacturable =
+    QStringLiteral("El albaran esta en situación no facturable. Proceso cancelado");
+inline const QString kAlbaranNoDisponible =
+    QStringLiteral("Albaran no dispobible para esta factura");
+inline const QString kAlbaranOtroCliente = QStringLiteral(
+    "El albaran tecleado no pertenece al cliente de la factura. Proceso cancelado");
+inline const QString kAlbaranPosterior =
+    QStringLiteral("Albaran con fecha %1 es posterior a la fecha factura. Proceso cancelado");
+inline const QString kTotalConDescuentos =
+    QStringLiteral("No está permitido modificar una factura con descuentos");
+inline const QString kSinLineaAjuste = QStringLiteral(
+    "La factura no tiene ninguna línea con unidades en la que ajustar el total.");
 } // namespace vk::mensajes

@@ -79,15 +79,22 @@ std::optional<QDate> fnFechaCambioSerie(BdSesion& bd, const QString& nuevaSerie,
     return std::nullopt;
 }
 
-bool fnFechaEntreVecinas(BdSesion& bd, const QString& serie, qint32 numero, const QDate& nueva) {
+std::optional<QString> fnMotivoFechaVecinas(BdSesion& bd, const QString& serie, qint32 numero,
+                                            const QDate& nueva) {
     if (const auto siguiente = fechaVecina(bd, serie, numero, true);
         siguiente && nueva > *siguiente) {
-        Ui().Mensaje(mensajes::kFechaPosterior.arg(ddmmyyyy(*siguiente)), Icono::Aviso, QString());
-        return false;
+        return mensajes::kFechaPosterior.arg(ddmmyyyy(*siguiente));
     }
     if (const auto anterior = fechaVecina(bd, serie, numero, false);
         anterior && nueva < *anterior) {
-        Ui().Mensaje(mensajes::kFechaAnterior.arg(ddmmyyyy(*anterior)), Icono::Aviso, QString());
+        return mensajes::kFechaAnterior.arg(ddmmyyyy(*anterior));
+    }
+    return std::nullopt;
+}
+
+bool fnFechaEntreVecinas(BdSesion& bd, const QString& serie, qint32 numero, const QDate& nueva) {
+    if (const auto motivo = fnMotivoFechaVecinas(bd, serie, numero, nueva)) {
+        Ui().Mensaje(*motivo, Icono::Aviso, QString());
         return false;
     }
     return true;

@@ -23,6 +23,10 @@ std::optional<QDate> fnFechaCambioSerie(BdSesion& bd, const QString& nuevaSerie,
 // A new date for invoice `numero` of `serie` must lie between the dates of
 // its neighbours by number. False, after the message, when it does not.
 bool fnFechaEntreVecinas(BdSesion& bd, const QString& serie, qint32 numero, const QDate& nueva);
+// The same rule without a person: why the date is refused, or nothing. The
+// saves check it again under the series lock.
+std::optional<QString> fnMotivoFechaVecinas(BdSesion& bd, const QString& serie, qint32 numero,
+                                            const QDate& nueva);
 
 // Invoice dates this system takes: a year typed wrong (9999) would close the
 // series to every later invoice, since none may be dated before it.

@@ -3,6 +3,7 @@
 #include "MensajesMotor.h"
 
 #include <ErrorBd.h>
+#include <Redondeo.h>
 #include <VKFACVENTAS.h>
 
 namespace vk {
@@ -13,9 +14,29 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
     const QString condicion =
         QStringLiteral(" WHERE RetNF_Origen = 1 AND RetNF_Tipo = 'F' AND RetNF_IdFactura = ?");
     qint64 idRecibo = 0;
-    Recordset viejo = cn.Execute(QStringLiteral("SELECT RetNF_IdRec FROM RetNF") + condicion +
-                                     QStringLiteral(" ORDER BY RetNF_Id"),
-                                 {f.IdFactu});
+    Recordset viejo = cn.Execute(
+        QStringLiteral("SELECT RetNF_IdRec, RetNF_ImpRet, RetNF_Fecha, RetNF_IdClPr, RetNF_ImpPag, "
+                       "RetNF_Estado FROM RetNF") +
+            condicion + QStringLiteral(" ORDER BY RetNF_Id"),
+        {f.IdFactu});
+    // A save that changes nothing of the retention leaves its row alone: an
+    // invoice edited without changes keeps every row as it was.
+    if (f.porcentajeretencionnf != 0 && viejo.RecordCount() == 1) {
+        Recordset actual = cn.Execute(
+            QStringLiteral("SELECT fav_idcli, Fav_Fecha, Fav_Iretnf FROM Fav WHERE Fav_Id = ?"),
+            {f.IdFactu});
+        if (!actual.Eof() &&
+            viejo.Fields(QStringLiteral("RetNF_ImpRet")).Doble() ==
+                Redondea(actual.Fields(QStringLiteral("Fav_Iretnf")).Doble(), 2) &&
+            viejo.Fields(QStringLiteral("RetNF_Fecha")).Fecha() ==
+                actual.Fields(QStringLiteral("Fav_Fecha")).Fecha() &&
+            viejo.Fields(QStringLiteral("RetNF_IdClPr")).Entero() ==
+                actual.Fields(QStringLiteral("fav_idcli")).Entero() &&
+            viejo.Fields(QStringLiteral("RetNF_ImpPag")).Doble() == 0 &&
+            viejo.Fields(QStringLiteral("RetNF_Estado")).Entero() == 0) {
+            return;
+        }
+    }
     QString mensaje;
     if (!viejo.Eof()) {
         idRecibo = viejo.Fields(QStringLiteral("RetNF_IdRec")).Entero();

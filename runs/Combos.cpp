@@ -1,7 +1,11 @@
 #include "Combos.h"
 
+#include "MensajesRuns.h"
+
 #include <BdSesion.h>
 #include <Formato.h>
+#include <Interaccion.h>
+#include <VKFACVENTAS.h>
 
 namespace vk {
 
@@ -30,6 +34,22 @@ QStringList msCargarFormasCobro(BdSesion& bd) {
                          rs.Fields(1).Texto();
     }
     return elementos;
+}
+
+void msOpcionImprimeAlbaranes(VKFACVENTAS& f, const QString& titulo) {
+    switch (f.MyBd().Parametros().Item(QStringLiteral("Par_AlbPrn")).Entero()) {
+    case 0:
+        f.ImprimeAlbaran = false;
+        break;
+    case 1:
+        f.ImprimeAlbaran = Ui().Pregunta(mensajes::kImprimirAlbaranes, titulo, true);
+        break;
+    case 2:
+        f.ImprimeAlbaran = true;
+        break;
+    default:
+        break;
+    }
 }
 
 qint32 fnIdCombo(const QString& elemento, int caracteres) {

@@ -30,4 +30,60 @@ inline const QString kGruposSinIntentar = QStringLiteral(
 inline const QString kLoteNoGuardado =
     QStringLiteral("No se ha guardado: %1 Sus albaranes siguen pendientes.");
 
+// The invoice edit screen.
+inline const QString kTituloEdicion = QStringLiteral("Edición de facturas");
+inline const QString kVersionPantalla = QStringLiteral(" (Versión %1)");
+inline const QString kSinAsignar = QStringLiteral("00 - Sin asignar");
+inline const QString kRetencion = QStringLiteral("Retención");
+inline const QString kFranquicia = QStringLiteral("Franquicia");
+inline const QString kFacturaInexistente = QStringLiteral("Factura Inexistente");
+inline const QString kAccionCancelada = QStringLiteral("Acción Cancelada");
+inline const QString kConfirmaCambios = QStringLiteral("Confirma los cambios de la factura");
+inline const QString kRecibosNoPendientes = QStringLiteral(
+    "Los recibos de esta factura no están pendientes. Desea generarlos como nuevos");
+inline const QString kConfirmaDiferencia =
+    QStringLiteral("El importe de la factura no coincide con la suma de bases + iva - irpf. "
+                   "Confirma esta diferencia");
+inline const QString kRecibosNuevoImporte =
+    QStringLiteral("Desea generar los recibos con el nuevo importe");
+inline const QString kDebeNumeroAlbaran = QStringLiteral("Debe introducir un número de albaran");
+inline const QString kAlbaranNoExisteEdicion = QStringLiteral("Albaran no existe");
+inline const QString kConfirmaIncorporacion =
+    QStringLiteral("Confirma la incorporación del albaran en la factura");
+inline const QString kFacturaSinContenido =
+    QStringLiteral("ATENCION: Si elimina el albaran dejará la factura sin contenido.");
+inline const QString kSeguroQuitarAlbaran =
+    QStringLiteral("Esta seguro de eliminar de la factura el albaran ");
+inline const QString kConfirmaQuitarAlbaran = QStringLiteral("Confirma la eliminación del albaran");
+inline const QString kConfirmaBorrar = QStringLiteral("Confirma que desea borrar la factura");
+inline const QString kSeguroBorrar = QStringLiteral("Esta seguro de que desea borrar la factura");
+inline const QString kConfirmaCambioSerie =
+    QStringLiteral("Confirma que desea cambiar la serie de la factura \nDe serie: %1\nA serie: %2");
+inline const QString kTituloAtencion = QStringLiteral("Atención");
+inline const QString kActivarRectificativa = QStringLiteral(
+    "Realmente desea activar esta factura como rectificativa para concurso de acreedores");
+inline const QString kDesactivarRectificativa = QStringLiteral(
+    "Realmente desea desactivar esta factura como rectificativa para concurso de acreedores");
+inline const QString kErrorProceso = QStringLiteral("Error en el proceso");
+inline const QString kTituloCambioCliente = QStringLiteral("Cambio de Cliente");
+inline const QString kCambioCliente = QStringLiteral(
+    "Atención, este proceso cambiará el cliente en la factura y en todos los albaranes de la "
+    "misma.\nTambien serán regenerados todos los efectos de esta factura, utilizando la forma de "
+    "pago del nuevo cliente.\nEsta seguro que desea proseguir con este proceso ?\nSiempre serán "
+    "utilizadas las direcciones fiscales");
+inline const QString kBuscarPorFiscal = QStringLiteral(
+    "Desea Buscar por el nombre Fiscal ?.\nSi contesta NO, la busqueda será por Nombre Comercial");
+inline const QString kBuscarClientesFiscal = QStringLiteral("Buscar clientes por nombre FISCAL");
+inline const QString kBuscarClientesComercial =
+    QStringLiteral("Buscar clientes por nombre COMERCIAL");
+inline const QString kVisualizarDocumento = QStringLiteral("Desea visualizar el documento");
+inline const QString kTituloOpciones = QStringLiteral("Opciones");
+inline const QString kNoEsDeTransporte = QStringLiteral(
+    "La factura no es inicialmente de transporte. Confirma que desea añadir viajes a la factura");
+inline const QString kConfirmaQuitarTramo =
+    QStringLiteral("Confirma que desea eliminar el tramo indicado de la factura");
+inline const QString kOtrasDirecciones = QStringLiteral("Otras direcciones");
+inline const QString kAlbaranesDelCliente = QStringLiteral("Albaranes pendientes del cliente");
+inline const QString kComponenteNoDisponible =
+    QStringLiteral("Esta función todavía no está disponible: %1");
 } // namespace vk::mensajes

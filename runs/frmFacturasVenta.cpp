@@ -574,19 +574,7 @@ void frmFacturasVenta::emite(bool todos, const QVector<qint32>& ids) {
     if (factura_.NumCopias <= 0 || ids.isEmpty()) {
         return;
     }
-    switch (bd_.Parametros().Item(QStringLiteral("Par_AlbPrn")).Entero()) {
-    case 0:
-        factura_.ImprimeAlbaran = false;
-        break;
-    case 1:
-        factura_.ImprimeAlbaran = Ui().Pregunta(mensajes::kImprimirAlbaranes, Caption, true);
-        break;
-    case 2:
-        factura_.ImprimeAlbaran = true;
-        break;
-    default:
-        break;
-    }
+    msOpcionImprimeAlbaranes(factura_, Caption);
     factura_.Tipo_Emision = static_cast<quint8>(optSalida);
     resultadoEmision =
         todos ? factura_.EmisionMultiplesFacturas(1, true, ids) : factura_.EmisionFacturas(1, true);
