@@ -26,11 +26,16 @@ class InteraccionEdicion : public InteraccionConsola {
 public:
     using InteraccionConsola::InteraccionConsola;
 
-    bool si = true;
     std::optional<qint32> idCliente;
 
+    void Contesta(bool siempreSi) {
+        si_ = siempreSi;
+        ResponderSiSiempre(siempreSi);
+    }
     bool Pregunta(const QString& texto, const QString& titulo, bool siPorDefecto) override {
-        respuestas.push_back(si);
+        if (!si_) {
+            respuestas.push_back(false);
+        }
         return InteraccionConsola::Pregunta(texto, titulo, siPorDefecto);
     }
     std::optional<int> Busca(const PeticionBusca& peticion) override {
@@ -42,6 +47,9 @@ public:
         }
         return std::nullopt;
     }
+
+private:
+    bool si_ = true;
 };
 
 // The session, the facade and the screen on invoice --serie/--numero.
@@ -80,7 +88,7 @@ Edicion abre(const Argumentos& a, QTextStream& out, QTextStream& err, bool soloL
         CompruebaUsuario(*e.bd, *usuario);
     }
     e.ui = std::make_unique<InteraccionEdicion>(out, err);
-    e.ui->si = !a.bandera(QStringLiteral("no"));
+    e.ui->Contesta(!a.bandera(QStringLiteral("no")));
     e.puerto = std::make_unique<UsaInteraccion>(*e.ui);
     e.factura = std::make_unique<VKFACVENTAS>();
     e.factura->setMyBd(*e.bd);
@@ -97,8 +105,7 @@ std::pair<QString, qint32> albaran(const QString& opcion, const QString& texto) 
     if (barra <= 0) {
         throw ErrorUso(mensajes::kAlbaranMalEscrito.arg(opcion, texto));
     }
-    return {texto.left(barra).trimmed(),
-            LeeEnteroOpcion(opcion, texto.mid(barra + 1), 1, kMaximo)};
+    return {texto.left(barra).trimmed(), LeeEnteroOpcion(opcion, texto.mid(barra + 1), 1, kMaximo)};
 }
 
 double numero(const QString& opcion, const QString& texto) {
@@ -130,16 +137,16 @@ int OrdenEditar(const QStringList& args, QTextStream& out, QTextStream& err) {
     declaraFactura(a);
     a.declaraOpcion(QStringLiteral("fecha"), QStringLiteral("DD/MM/AAAA"),
                     QStringLiteral("nueva fecha, entre las de la factura anterior y la siguiente"));
-    a.declaraOpcion(QStringLiteral("serie-nueva"), QStringLiteral("S"),
-                    QStringLiteral("pasa la última factura de su serie al siguiente número de otra"));
+    a.declaraOpcion(
+        QStringLiteral("serie-nueva"), QStringLiteral("S"),
+        QStringLiteral("pasa la última factura de su serie al siguiente número de otra"));
     a.declaraOpcion(QStringLiteral("incluir-albaran"), QStringLiteral("SERIE/NUM"),
                     QStringLiteral("añade un albarán pendiente del cliente"));
     a.declaraOpcion(QStringLiteral("quitar-albaran"), QStringLiteral("SERIE/NUM"),
                     QStringLiteral("quita un albarán de la factura, que vuelve a estar pendiente"));
     a.declaraOpcion(QStringLiteral("total-manual"), QStringLiteral("IMPORTE"),
                     QStringLiteral("fija el total; la diferencia va a la primera línea"));
-    a.declaraBandera(QStringLiteral("sin-total-manual"),
-                     QStringLiteral("deshace el total manual"));
+    a.declaraBandera(QStringLiteral("sin-total-manual"), QStringLiteral("deshace el total manual"));
     a.declaraOpcion(QStringLiteral("rca"), QStringLiteral("si|no"),
                     QStringLiteral("rectificativa para concurso de acreedores"));
     a.declaraOpcion(QStringLiteral("cliente"), QStringLiteral("COD"),
@@ -172,8 +179,8 @@ int OrdenEditar(const QStringList& args, QTextStream& out, QTextStream& err) {
     if (totalManual && a.bandera(QStringLiteral("sin-total-manual"))) {
         throw ErrorUso(mensajes::kTotalManualYSin);
     }
-    for (auto [nombre, destino] : {std::pair{QStringLiteral("dto1"), &dto1},
-                                   std::pair{QStringLiteral("dto2"), &dto2}}) {
+    for (auto [nombre, destino] :
+         {std::pair{QStringLiteral("dto1"), &dto1}, std::pair{QStringLiteral("dto2"), &dto2}}) {
         if (const auto v = a.valor(nombre)) {
             *destino = numero(QStringLiteral("--") + nombre, *v);
             if (**destino < 0 || **destino > 100) {
@@ -289,9 +296,8 @@ int OrdenBorrar(const QStringList& args, QTextStream& out, QTextStream& err) {
     if (e.pantalla->ultimaOrdenFallida) {
         throw Error(mensajes::kFacturaSinCambios);
     }
-    const bool borrada = e.bd->cn()
-                             .Execute(QStringLiteral("SELECT 1 FROM Fav WHERE Fav_Id = ?"), {id})
-                             .Eof();
+    const bool borrada =
+        e.bd->cn().Execute(QStringLiteral("SELECT 1 FROM Fav WHERE Fav_Id = ?"), {id}).Eof();
     out << (borrada ? mensajes::kFacturaBorrada : mensajes::kFacturaNoBorrada).arg(factura)
         << Qt::endl;
     return 0;

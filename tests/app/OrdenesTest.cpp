@@ -568,6 +568,88 @@ TEST_P(Ordenes, AFailedSaveKeepsTheAmountsAndTheCommandsFail) {
 }
 
 // What needs no company: help, version, the command's name.
+TEST_P(Ordenes, VerEditarYBorrarRunTheEditScreensStepsAndARefusalChangesNothing) {
+    creaDemo();
+    ASSERT_EQ(ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db,
+                       QStringLiteral("--fecha"), QStringLiteral("20/11/2026"),
+                       QStringLiteral("--salida"), QStringLiteral("ninguna")})
+                  .codigo,
+              0);
+    const qint64 hechas = facturas();
+    const QString ultima = QString::number(hechas);
+    const auto orden = [this](const QString& nombre, const QString& numero, QStringList mas = {}) {
+        return ejecuta(QStringList{nombre, QStringLiteral("--db"), db, QStringLiteral("--serie"),
+                                   QStringLiteral("A"), QStringLiteral("--numero"), numero} +
+                       mas);
+    };
+    const auto observaciones = [this](int numero) {
+        return BdSesion::Abre(db)
+            ->cn()
+            .Execute(QStringLiteral("SELECT Fav_Obs FROM Fav WHERE Fav_Serie = 'A' AND "
+                                    "Fav_Numero = ?"),
+                     {numero})
+            .Fields(0)
+            .Texto();
+    };
+
+    Salida s = orden(QStringLiteral("ver"), QStringLiteral("1"));
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    for (const char* parte : {"Factura A/1 de 20/11/2026", "Cliente: ", "Albaranes:", "Importes:",
+                              "Total factura", "Recibos: "}) {
+        EXPECT_TRUE(s.salida.contains(QString::fromUtf8(parte))) << parte << s.texto.toStdString();
+    }
+    s = orden(QStringLiteral("ver"), QStringLiteral("9999"));
+    EXPECT_EQ(s.codigo, 1);
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Factura Inexistente"))) << s.texto.toStdString();
+    EXPECT_EQ(orden(QStringLiteral("ver"), QStringLiteral("uno")).codigo, 2);
+
+    // The remark is written first, then the date is refused: both go back.
+    const QString antes = observaciones(1);
+    s = orden(QStringLiteral("editar"), QStringLiteral("1"),
+              {QStringLiteral("--observaciones"), QStringLiteral("Revisada"),
+               QStringLiteral("--rca"), QStringLiteral("si"), QStringLiteral("--fecha"),
+               QStringLiteral("21/11/2026")});
+    EXPECT_EQ(s.codigo, 1) << s.texto.toStdString();
+    EXPECT_TRUE(s.error.contains(QStringLiteral("La fecha no puede ser posterior a 20/11/2026. "
+                                                "Cambio de fecha cancelado")))
+        << s.texto.toStdString();
+    EXPECT_EQ(observaciones(1), antes);
+    EXPECT_EQ(BdSesion::Abre(db)
+                  ->cn()
+                  .Execute(QStringLiteral("SELECT COALESCE(Fav_RCA, 0) FROM Fav WHERE Fav_Serie = "
+                                          "'A' AND Fav_Numero = 1"))
+                  .Fields(0)
+                  .Entero(),
+              0);
+    s = orden(QStringLiteral("editar"), QStringLiteral("1"),
+              {QStringLiteral("--observaciones"), QStringLiteral("Revisada")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.salida.contains(QStringLiteral("Observaciones: Revisada")));
+    EXPECT_EQ(observaciones(1), QStringLiteral("Revisada"));
+    // With --no every question is answered no: nothing changes.
+    s = orden(QStringLiteral("editar"), QStringLiteral("1"),
+              {QStringLiteral("--observaciones"), QStringLiteral("Otra"), QStringLiteral("--no")});
+    EXPECT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_EQ(observaciones(1), QStringLiteral("Revisada"));
+    EXPECT_EQ(orden(QStringLiteral("editar"), QStringLiteral("1"),
+                    {QStringLiteral("--dto1"), QStringLiteral("cien")})
+                  .codigo,
+              2);
+
+    // Only the last invoice of the series can be deleted; its notes wait again.
+    s = orden(QStringLiteral("borrar"), QStringLiteral("1"));
+    EXPECT_EQ(s.codigo, 1);
+    EXPECT_TRUE(
+        s.error.contains(QStringLiteral("Sólo se admite eliminar el último número de una serie")))
+        << s.texto.toStdString();
+    EXPECT_EQ(facturas(), hechas);
+    s = orden(QStringLiteral("borrar"), ultima);
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.salida.contains(QStringLiteral("Factura A/%1 borrada.").arg(ultima)));
+    EXPECT_EQ(facturas(), hechas - 1);
+    EXPECT_GT(pendientes(), 0);
+}
+
 TEST(Programa, HelpVersionAndUnknownCommands) {
     Salida s = ejecuta({QStringLiteral("--help")});
     EXPECT_EQ(s.codigo, 0);

@@ -129,7 +129,8 @@ TEST_P(EdicionFacturas, LoadsWalksTheSeriesAndSaysWhenThereIsNoInvoice) {
     EXPECT_EQ(p->dbgAlbaranes.size(), 2u);
     ASSERT_EQ(p->dbgRecibos.size(), 1u);
     EXPECT_DOUBLE_EQ(p->dbgRecibos[0].Rec_Importe, 173);
-    EXPECT_EQ(p->cboFpago.value(p->cboFpagoIndex).left(2), QStringLiteral("%1").arg(contado, 2, 10, QLatin1Char('0')));
+    EXPECT_EQ(p->cboFpago.value(p->cboFpagoIndex).left(2),
+              QStringLiteral("%1").arg(contado, 2, 10, QLatin1Char('0')));
 
     p->cmdNav(frmEdicionFacturas::Boton::Anterior); // before the first: stays
     EXPECT_EQ(p->Text1[1], QStringLiteral("1"));
@@ -139,7 +140,8 @@ TEST_P(EdicionFacturas, LoadsWalksTheSeriesAndSaysWhenThereIsNoInvoice) {
     EXPECT_EQ(p->Text1[1], QStringLiteral("3"));
     p->cmdNav(frmEdicionFacturas::Boton::Anterior);
     EXPECT_EQ(p->Text1[1], QStringLiteral("2"));
-    EXPECT_EQ(p->cboFpago.value(p->cboFpagoIndex).left(2), QStringLiteral("%1").arg(plazos, 2, 10, QLatin1Char('0')));
+    EXPECT_EQ(p->cboFpago.value(p->cboFpagoIndex).left(2),
+              QStringLiteral("%1").arg(plazos, 2, 10, QLatin1Char('0')));
     EXPECT_EQ(p->dbgRecibos.size(), 2u);
 
     p->Text1[1] = QStringLiteral("9");
@@ -201,15 +203,14 @@ TEST_P(EdicionFacturas, ReadOnlyWritesNothing) {
     p->XPButton2();
     p->msGeneraRecibos();
     EXPECT_EQ(todo(id), antes);
-    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT Cav_Situa FROM Cav WHERE Cav_Id = ?"), {suelto}),
-              1);
+    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT Cav_Situa FROM Cav WHERE Cav_Id = ?"), {suelto}), 1);
     EXPECT_TRUE(preguntas().isEmpty());
 }
 
 TEST_P(EdicionFacturas, AddingANoteIsRefusedWithTheScreensTextsInOrder) {
     const qint32 mia = albaran(cliente, kDia1, 100);
     factura(cliente, kDia10, {mia});
-    const qint32 ajena = albaran(otro, kDia1, 10);       // A/2
+    const qint32 ajena = albaran(otro, kDia1, 10);         // A/2
     const qint32 posterior = albaran(cliente, kDia20, 10); // A/3
     const qint32 facturada = albaran(cliente, kDia1, 10);  // A/4
     factura(cliente, kDia10, {facturada});
@@ -245,13 +246,15 @@ TEST_P(EdicionFacturas, AddingANoteIsRefusedWithTheScreensTextsInOrder) {
                                                   "factura"));
     EXPECT_EQ(p->dbgAlbaranes.size(), 4u);
     EXPECT_EQ(p->Text1[10], QStringLiteral("210,00"));
-    EXPECT_DOUBLE_EQ(p->dbgRecibos.at(0).Rec_Importe, fav(QStringLiteral("Fav_Liquido"), p->IdFactura()));
+    EXPECT_DOUBLE_EQ(p->dbgRecibos.at(0).Rec_Importe,
+                     fav(QStringLiteral("Fav_Liquido"), p->IdFactura()));
 
     // Removing a note that is not on the invoice names it so.
     p->Text1[5] = QStringLiteral("A");
     p->Text1[6] = QStringLiteral("4");
     p->cmdQuitar();
-    EXPECT_EQ(e->ui().vistos.back().texto, QStringLiteral("Albaran no dispobible para esta factura"));
+    EXPECT_EQ(e->ui().vistos.back().texto,
+              QStringLiteral("Albaran no dispobible para esta factura"));
 }
 
 TEST_P(EdicionFacturas, ANoteAnotherUserInvoicedMeanwhileIsNotLinked) {
@@ -275,8 +278,9 @@ TEST_P(EdicionFacturas, RemovingTheOnlyNoteWarnsFirstAndLeavesTheInvoiceEmpty) {
     p->filaAlbaran = 0;
     e->ui().respuestas = {false};
     p->cmdQuitar();
-    EXPECT_EQ(preguntas(), QStringList{QStringLiteral(
-                               "ATENCION: Si elimina el albaran dejará la factura sin contenido.")});
+    EXPECT_EQ(preguntas(),
+              QStringList{QStringLiteral(
+                  "ATENCION: Si elimina el albaran dejará la factura sin contenido.")});
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT Cav_Situa FROM Cav WHERE Cav_Id = ?"), {nota}), 2);
 
     e->ui().respuestas = {true, true};
@@ -300,7 +304,8 @@ TEST_P(EdicionFacturas, DeletesOnlyTheLastOfASeriesAndReopensItsNotes) {
                              .Entero();
     const qint32 viaje = e->albaran(cliente, kDia1, 1, {{30}});
     const qint64 linea =
-        e->cn().Execute(QStringLiteral("SELECT Lav_Id FROM Lav WHERE Lav_IdCav = ?"), {viaje})
+        e->cn()
+            .Execute(QStringLiteral("SELECT Lav_Id FROM Lav WHERE Lav_IdCav = ?"), {viaje})
             .Fields(0)
             .Entero();
     e->cn().Execute(QStringLiteral("UPDATE Lav SET Lav_IdViaje = ? WHERE Lav_Id = ?"),
@@ -321,19 +326,20 @@ TEST_P(EdicionFacturas, DeletesOnlyTheLastOfASeriesAndReopensItsNotes) {
 
     p->cmdNav(frmEdicionFacturas::Boton::Ultima);
     ASSERT_EQ(p->IdFactura(), ultima);
-    ASSERT_GT(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM RetNF WHERE RetNF_IdFactura = ?"),
-                        {ultima}),
-              0);
+    ASSERT_GT(
+        e->cuenta(QStringLiteral("SELECT COUNT(*) FROM RetNF WHERE RetNF_IdFactura = ?"), {ultima}),
+        0);
     p->cmdBorrar();
     EXPECT_FALSE(p->ultimaOrdenFallida);
-    EXPECT_EQ(preguntas(), (QStringList{QStringLiteral("Confirma que desea borrar la factura"),
-                                        QStringLiteral("Esta seguro de que desea borrar la factura")}));
+    EXPECT_EQ(preguntas(),
+              (QStringList{QStringLiteral("Confirma que desea borrar la factura"),
+                           QStringLiteral("Esta seguro de que desea borrar la factura")}));
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav WHERE Fav_Id = ?"), {ultima}), 0);
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Rec WHERE Rec_IdFac = ?"), {ultima}),
               0);
-    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM RetNF WHERE RetNF_IdFactura = ?"),
-                        {ultima}),
-              0);
+    EXPECT_EQ(
+        e->cuenta(QStringLiteral("SELECT COUNT(*) FROM RetNF WHERE RetNF_IdFactura = ?"), {ultima}),
+        0);
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT Cav_Situa FROM Cav WHERE Cav_Id = ? AND "
                                        "Cav_IdFactura IS NULL"),
                         {n2}),
@@ -420,8 +426,8 @@ TEST_P(EdicionFacturas, TheManualTotalGoesToTheFirstLineAndItsUndoRestoresEveryt
     const qint32 id = factura(cliente, kDia1, {albaran(cliente, kDia1, 100)});
     e->cn().Execute(QStringLiteral("UPDATE Lav SET Lav_Uni = 4"));
     std::map<std::string, double> importeAntes;
-    for (const char* columna : {"Fav_Bruto", "Fav_Biva1", "Fav_Biva2", "Fav_ImpIva1",
-                                "Fav_ImpIva2", "Fav_Total", "Fav_IRetNf", "Fav_Liquido"}) {
+    for (const char* columna : {"Fav_Bruto", "Fav_Biva1", "Fav_Biva2", "Fav_ImpIva1", "Fav_ImpIva2",
+                                "Fav_Total", "Fav_IRetNf", "Fav_Liquido"}) {
         importeAntes[columna] = fav(QString::fromLatin1(columna), id);
     }
     auto p = pantalla(1);
@@ -431,16 +437,17 @@ TEST_P(EdicionFacturas, TheManualTotalGoesToTheFirstLineAndItsUndoRestoresEveryt
     EXPECT_TRUE(p->Text1_4_Enabled);
     p->Text1[4] = QStringLiteral("177,00"); // one euro more than 176,00
     p->Text1_4_LostFocus();
-    EXPECT_EQ(preguntas(), (QStringList{mensajes::kConfirmaDiferencia, mensajes::kRecibosNuevoImporte}));
+    EXPECT_EQ(preguntas(),
+              (QStringList{mensajes::kConfirmaDiferencia, mensajes::kRecibosNuevoImporte}));
     EXPECT_DOUBLE_EQ(fav(QStringLiteral("Fav_Total"), id), 177);
     EXPECT_DOUBLE_EQ(fav(QStringLiteral("Fav_Biva1"), id), 101);
     EXPECT_DOUBLE_EQ(fav(QStringLiteral("Fav_ImpDifManual"), id), 1);
     // The retention on the new bases, and the receipt on what is left.
     EXPECT_DOUBLE_EQ(fav(QStringLiteral("Fav_IRetNf"), id), 3.02);
     EXPECT_DOUBLE_EQ(p->dbgRecibos.at(0).Rec_Importe, 173.98);
-    const Recordset lav = e->cn().Execute(
-        QStringLiteral("SELECT Lav_Precio, Lav_Importe FROM Lav WHERE Lav_Id = ?"),
-        {static_cast<qint32>(fav(QStringLiteral("Fav_IdLavManual"), id))});
+    const Recordset lav =
+        e->cn().Execute(QStringLiteral("SELECT Lav_Precio, Lav_Importe FROM Lav WHERE Lav_Id = ?"),
+                        {static_cast<qint32>(fav(QStringLiteral("Fav_IdLavManual"), id))});
     EXPECT_DOUBLE_EQ(lav.Fields(0).Doble(), 100.25);
     EXPECT_DOUBLE_EQ(lav.Fields(1).Doble(), 101);
     EXPECT_TRUE(p->Check1);
@@ -449,12 +456,12 @@ TEST_P(EdicionFacturas, TheManualTotalGoesToTheFirstLineAndItsUndoRestoresEveryt
     p->Check1_Click();
     EXPECT_EQ(fav(QStringLiteral("Fav_IdLavManual"), id), 0);
     EXPECT_EQ(fav(QStringLiteral("Fav_ImpDifManual"), id), 0);
-    for (const char* columna : {"Fav_Bruto", "Fav_Biva1", "Fav_Biva2", "Fav_ImpIva1",
-                                "Fav_ImpIva2", "Fav_Total", "Fav_IRetNf", "Fav_Liquido"}) {
+    for (const char* columna : {"Fav_Bruto", "Fav_Biva1", "Fav_Biva2", "Fav_ImpIva1", "Fav_ImpIva2",
+                                "Fav_Total", "Fav_IRetNf", "Fav_Liquido"}) {
         EXPECT_DOUBLE_EQ(fav(QString::fromLatin1(columna), id), importeAntes[columna]) << columna;
     }
-    Recordset lineas = e->cn().Execute(
-        QStringLiteral("SELECT Lav_Precio, Lav_Importe FROM Lav ORDER BY Lav_Id"));
+    Recordset lineas =
+        e->cn().Execute(QStringLiteral("SELECT Lav_Precio, Lav_Importe FROM Lav ORDER BY Lav_Id"));
     EXPECT_DOUBLE_EQ(lineas.Fields(0).Doble(), 100);
     EXPECT_DOUBLE_EQ(lineas.Fields(1).Doble(), 100);
     lineas.MoveNext();
@@ -514,7 +521,8 @@ TEST_P(EdicionFacturas, AChangeOfCustomerRewritesNotesAndReceipts) {
     p->XPButton2();
     EXPECT_FALSE(p->ultimaOrdenFallida);
     EXPECT_EQ(preguntas().first(), mensajes::kCambioCliente);
-    EXPECT_EQ(e->ui().peticionesBusca.back().titulo, QStringLiteral("Buscar clientes por nombre FISCAL"));
+    EXPECT_EQ(e->ui().peticionesBusca.back().titulo,
+              QStringLiteral("Buscar clientes por nombre FISCAL"));
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT Fav_IdCli FROM Fav WHERE Fav_Id = ?"), {id}), otro);
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_IdFactura = ? AND "
                                        "Cav_IdCli = ?"),
