@@ -257,20 +257,6 @@ TEST_P(EdicionFacturas, AddingANoteIsRefusedWithTheScreensTextsInOrder) {
               QStringLiteral("Albaran no dispobible para esta factura"));
 }
 
-TEST_P(EdicionFacturas, ANoteAnotherUserInvoicedMeanwhileIsNotLinked) {
-    const qint32 id = factura(cliente, kDia10, {albaran(cliente, kDia1, 100)});
-    const qint32 nota = albaran(cliente, kDia1, 10);
-    const qint32 otra = factura(cliente, kDia10, {nota});
-    const QString antes = todo(id);
-    EdicionFactura ed;
-    ed.idFactura = id;
-    ed.albaranIncluido = nota;
-    EXPECT_THROW(msRecalculaFactura(e->factura(), ed), ErrorRegla);
-    EXPECT_EQ(todo(id), antes);
-    EXPECT_EQ(e->cuenta(QStringLiteral("SELECT Cav_IdFactura FROM Cav WHERE Cav_Id = ?"), {nota}),
-              otra);
-}
-
 TEST_P(EdicionFacturas, RemovingTheOnlyNoteWarnsFirstAndLeavesTheInvoiceEmpty) {
     const qint32 nota = albaran(cliente, kDia1, 100);
     const qint32 id = factura(cliente, kDia1, {nota});
@@ -539,6 +525,46 @@ TEST_P(EdicionFacturas, AChangeOfCustomerRewritesNotesAndReceipts) {
               0);
     EXPECT_EQ(fav(QStringLiteral("Fav_IRetNf"), id), 0);
     EXPECT_EQ(p->dbgRecibos.size(), 2u);
+}
+
+TEST_P(EdicionFacturas, WhatAnotherUserDidSinceTheScreenLookedIsCheckedAgainUnderTheLock) {
+    factura(cliente, kDia1, {albaran(cliente, kDia1, 10)});
+    const qint32 segunda = factura(cliente, kDia5, {albaran(cliente, kDia1, 20)});
+    const QString antes = todo(segunda);
+    // Another user, on a session of its own, invoices a note into the series.
+    const qint32 nota = albaran(cliente, kDia1, 30);
+    {
+        auto otraSesion = BdSesion::Abre(e->base().cadenaCatalogo(QStringLiteral("vkemp0001")));
+        VKFACVENTAS otraFactura;
+        otraFactura.setMyBd(*otraSesion);
+        CabeceraFactura c;
+        c.serie = QStringLiteral("A");
+        c.fecha = kDia10;
+        c.idCliente = cliente;
+        c.idFco = contado;
+        ASSERT_EQ(FacturaAlbaranes(otraFactura, c, {nota}).estado, EstadoFacturacion::Hecha);
+    }
+    // What the screen would have allowed a moment ago is refused now, and
+    // nothing of the edit is written.
+    EXPECT_THROW(msBorraFactura(e->factura(), segunda), ErrorRegla);
+    EdicionFactura ed;
+    ed.idFactura = segunda;
+    ed.fecha = kDia20;
+    ed.observaciones = QStringLiteral("No se guarda");
+    try {
+        msRecalculaFactura(e->factura(), ed);
+        ADD_FAILURE() << "a date after the next invoice's was saved";
+    } catch (const ErrorRegla& error) {
+        EXPECT_EQ(error.Mensaje(), QStringLiteral("La fecha no puede ser posterior a 10/03/2026. "
+                                                  "Cambio de fecha cancelado"));
+    }
+    ed.fecha.reset();
+    ed.albaranIncluido = nota;
+    EXPECT_THROW(msRecalculaFactura(e->factura(), ed), ErrorRegla);
+    ed.albaranIncluido.reset();
+    ed.serie = QStringLiteral("B");
+    EXPECT_THROW(msRecalculaFactura(e->factura(), ed), ErrorRegla);
+    EXPECT_EQ(todo(segunda), antes);
 }
 
 VK_EN_AMBOS_MOTORES(EdicionFacturas);
