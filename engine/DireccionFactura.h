@@ -9,10 +9,25 @@
 namespace vk {
 
 class BdSesion;
+class RegistroFactura;
 class VKFACVENTAS;
+
+// An address as an invoice keeps it.
+struct DireccionFactura {
+    qint32 idDir = 0; // above 0: the columns are a copy of that Dir row
+    QString sg, nombre, numero, escalera, piso, puerta, cp, pais, poblacion;
+    qint16 provincia = 0;
+    bool operator==(const DireccionFactura&) const = default;
+};
 
 void msDireccionDeAlbaran(VKFACVENTAS& factura, qint32 idCav);
 void msDireccionDeDir(VKFACVENTAS& factura, qint32 idDir);
+
+// The Dir row, empty when there is none.
+DireccionFactura fnDireccionDir(BdSesion& bd, qint32 idDir);
+// The address stored in the invoice's own columns, and back.
+DireccionFactura fnDireccionDeRegistro(const RegistroFactura& factura);
+void msPonDireccion(RegistroFactura& factura, const DireccionFactura& direccion);
 
 struct DireccionCliente {
     qint32 idDir = 0;

@@ -28,8 +28,8 @@ constexpr int kDecimalesPrecio = 6;
 // starts from.
 void cargaBloqueada(VKFACVENTAS& f, qint32 idFactura) {
     BdSesion& bd = f.MyBd();
-    const Recordset rs = bd.cn().Execute(
-        QStringLiteral("SELECT Fav_Serie FROM Fav WHERE Fav_Id = ?"), {idFactura});
+    const Recordset rs =
+        bd.cn().Execute(QStringLiteral("SELECT Fav_Serie FROM Fav WHERE Fav_Id = ?"), {idFactura});
     if (rs.Eof()) {
         throw ErrorRegla(mensajes::kFacturaNoExiste.arg(idFactura));
     }
@@ -70,9 +70,9 @@ void grabaImportes(VKFACVENTAS& f, bool recibos) {
     bool escritos = false;
     if (!fnGrabaFactura(f, recibos, true, escritos)) {
         const std::optional<ErrorBd>& e = f.MyBd().ErrorConstructor();
-        throw Error(mensajes::kFacturaNoGrabada.arg(e ? e->Mensaje()
-                                                      : mensajes::kContabilizacionFallida),
-                    e ? e->Detalle() : QString());
+        throw Error(
+            mensajes::kFacturaNoGrabada.arg(e ? e->Mensaje() : mensajes::kContabilizacionFallida),
+            e ? e->Detalle() : QString());
     }
 }
 
@@ -88,8 +88,9 @@ void tomaCliente(VKFACVENTAS& f, qint32 idCliente) {
     const QString nombre = fnNombreCliente(
         static_cast<int>(bd.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
     const Recordset cli = bd.cn().Execute(
-        QStringLiteral("SELECT CLI_COD, CLI_DOC, CLI_FCO, %1 AS CLI_NOM, Cli_Fatencion, "
-                       "Cli_CtaConCompensa, CLI_RetNFiscal, CLI_ModoRetNF FROM Cli WHERE Cli_Id = ?")
+        QStringLiteral(
+            "SELECT CLI_COD, CLI_DOC, CLI_FCO, %1 AS CLI_NOM, Cli_Fatencion, "
+            "Cli_CtaConCompensa, CLI_RetNFiscal, CLI_ModoRetNF FROM Cli WHERE Cli_Id = ?")
             .arg(nombre),
         {idCliente});
     if (cli.Eof()) {
@@ -113,20 +114,6 @@ void tomaCliente(VKFACVENTAS& f, qint32 idCliente) {
     f.idDir = -1;
     bd.cn().Execute(QStringLiteral("UPDATE Cav SET Cav_IdCli = ? WHERE Cav_IdFactura = ?"),
                     {idCliente, f.IdFactu});
-}
-
-void tomaDireccion(VKFACVENTAS& f, const DireccionEdicion& d) {
-    f.idDir = d.idDir > 0 ? d.idDir : -1;
-    f.Sg = d.sg;
-    f.Nombre = d.nombre;
-    f.Num = d.numero;
-    f.Escalera = d.escalera;
-    f.Piso = d.piso;
-    f.Puerta = d.puerta;
-    f.Cp = d.cp;
-    f.Pais = d.pais;
-    f.Poblacion = d.poblacion;
-    f.Provincia = d.provincia;
 }
 
 // Moves the invoice, the last of its series, to the next number of another,
@@ -189,8 +176,8 @@ struct BaseRecibos {
 };
 
 BaseRecibos baseRecibos(const RegistroFactura& f) {
-    return {Redondea(f.Liquido, 2), f.FechaFactura,   f.IdFco,        f.IdCliente,
-            f.NumeroFactura,        f.SerieFactura,   f.sCtaCompensa.trimmed()};
+    return {Redondea(f.Liquido, 2), f.FechaFactura,          f.IdFco, f.IdCliente, f.NumeroFactura,
+            f.SerieFactura,         f.sCtaCompensa.trimmed()};
 }
 
 // The non-fiscal retention on the bases or the total as they stand.
@@ -249,8 +236,7 @@ void msRecalculaFactura(VKFACVENTAS& f, const EdicionFactura& e) {
         cambiaSerie(f, e.serie->trimmed(), fecha);
     } else if (fecha != f.FechaFactura) {
         // Dates run with the numbers: checked again under the lock.
-        if (const auto motivo =
-                fnMotivoFechaVecinas(bd, f.SerieFactura, f.NumeroFactura, fecha)) {
+        if (const auto motivo = fnMotivoFechaVecinas(bd, f.SerieFactura, f.NumeroFactura, fecha)) {
             throw ErrorRegla(*motivo);
         }
     }
@@ -265,7 +251,7 @@ void msRecalculaFactura(VKFACVENTAS& f, const EdicionFactura& e) {
         tomaCliente(f, *e.idClienteNuevo);
     }
     if (e.direccion) {
-        tomaDireccion(f, *e.direccion);
+        msPonDireccion(f, *e.direccion);
     }
     f.Observaciones = e.observaciones.value_or(f.Observaciones);
     f.Aatencion = e.atencion.value_or(f.Aatencion);
@@ -303,8 +289,8 @@ void msBorraFactura(VKFACVENTAS& f, qint32 idFactura) {
         throw ErrorRegla(mensajes::kSoloUltimoNumero);
     }
     if (const std::optional<qint16> nEmp = fnEmpresaContabiliza(bd)) {
-        if (!f.ConexionContableFacturaVentas(*nEmp, QStringLiteral("WHERE Fav_Id = ?"),
-                                             {idFactura}, false, true, false)) {
+        if (!f.ConexionContableFacturaVentas(*nEmp, QStringLiteral("WHERE Fav_Id = ?"), {idFactura},
+                                             false, true, false)) {
             throw Error(mensajes::kContabilizacionFallida);
         }
     }

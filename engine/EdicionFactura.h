@@ -10,6 +10,8 @@
 // the operation stays written.
 #pragma once
 
+#include "DireccionFactura.h"
+
 #include <QDate>
 #include <QString>
 #include <optional>
@@ -18,13 +20,6 @@ namespace vk {
 
 class BdSesion;
 class VKFACVENTAS;
-
-// The address an invoice keeps by value (Fav_IdDir 0 or less) or points to.
-struct DireccionEdicion {
-    qint32 idDir = 0; // above 0: the columns are a copy of that Dir row
-    QString sg, nombre, numero, escalera, piso, puerta, cp, pais, poblacion;
-    qint16 provincia = 0;
-};
 
 // What a save of the edit screen changes. Fields left empty keep the stored
 // value, so that what the screen does not show is never overwritten.
@@ -39,8 +34,8 @@ struct EdicionFactura {
     std::optional<double> dto1, dto2;
     std::optional<double> retencionNF;
     std::optional<qint16> modoRetencionNF;
-    std::optional<DireccionEdicion> direccion;
-    std::optional<qint32> idClienteNuevo; // its data, fiscal address and terms
+    std::optional<DireccionFactura> direccion; // kept by value unless it names a Dir row
+    std::optional<qint32> idClienteNuevo;      // its data, fiscal address and terms
     std::optional<qint32> albaranIncluido;
     std::optional<qint32> albaranQuitado;
 

@@ -39,8 +39,8 @@ inline const QString kFranquicia = QStringLiteral("Franquicia");
 inline const QString kFacturaInexistente = QStringLiteral("Factura Inexistente");
 inline const QString kAccionCancelada = QStringLiteral("Acción Cancelada");
 inline const QString kConfirmaCambios = QStringLiteral("Confirma los cambios de la factura");
-inline const QString kRecibosNoPendientes = QStringLiteral(
-    "Los recibos de esta factura no están pendientes. Desea generarlos como nuevos");
+inline const QString kRecibosNoPendientes =
+    QStringLiteral("Los recibos de esta factura no están pendientes. Desea generarlos como nuevos");
 inline const QString kConfirmaDiferencia =
     QStringLiteral("El importe de la factura no coincide con la suma de bases + iva - irpf. "
                    "Confirma esta diferencia");

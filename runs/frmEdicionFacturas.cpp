@@ -1,11 +1,13 @@
 // The edit screen's load: the invoice, its address, totals, combos, notes and
 // receipts, and walking the series by number.
+#include "frmEdicionFacturas.h"
+
 #include "Combos.h"
 #include "MensajesRuns.h"
-#include "frmEdicionFacturas.h"
 
 #include <BdSesion.h>
 #include <CargaFactura.h>
+#include <DireccionFactura.h>
 #include <ErrorBd.h>
 #include <Formato.h>
 #include <Interaccion.h>
@@ -27,7 +29,8 @@ QString importe(double valor) {
 QStringList elementos(BdSesion& bd, const QString& sql) {
     QStringList r;
     for (Recordset rs = bd.cn().Execute(sql); !rs.Eof(); rs.MoveNext()) {
-        r << rs.Fields(0).Texto().trimmed() + QStringLiteral(" - ") + rs.Fields(1).Texto().trimmed();
+        r << rs.Fields(0).Texto().trimmed() + QStringLiteral(" - ") +
+                 rs.Fields(1).Texto().trimmed();
     }
     return r;
 }
@@ -48,8 +51,8 @@ int indicePorCabeza(const QStringList& items, const QString& codigo) {
 
 } // namespace
 
-frmEdicionFacturas::frmEdicionFacturas(VKFACVENTAS& factura, const QString& sSerie,
-                                       qint32 nNumero, bool soloLectura)
+frmEdicionFacturas::frmEdicionFacturas(VKFACVENTAS& factura, const QString& sSerie, qint32 nNumero,
+                                       bool soloLectura)
     : bSoloLectura(soloLectura), factura_(factura), bd_(factura.MyBd()) {
     Caption = mensajes::kTituloEdicion + mensajes::kVersionPantalla.arg(QStringLiteral(VK_VERSION));
     const BdParametros& par = bd_.Parametros();
@@ -108,8 +111,8 @@ void frmEdicionFacturas::cargaPorId(qint32 idFactura) {
     const Recordset cli = bd_.cn().Execute(
         QStringLiteral("SELECT CLI_OBSER FROM Cli WHERE Cli_Id = ?"), {f.IdCliente});
     lblCliObs = cli.Eof() ? QString() : cli.Fields(0).Texto();
-    const Recordset extra = bd_.cn().Execute(
-        QStringLiteral("SELECT Fav_RCA FROM Fav WHERE Fav_Id = ?"), {idFactura});
+    const Recordset extra =
+        bd_.cn().Execute(QStringLiteral("SELECT Fav_RCA FROM Fav WHERE Fav_Id = ?"), {idFactura});
     cargandoCheck_ = true;
     Check2 = !extra.Eof() && extra.Fields(0).Entero() != 0;
     Check1 = f.IdLavManual > 0;
@@ -124,8 +127,8 @@ void frmEdicionFacturas::cargaPorId(qint32 idFactura) {
     txtFavObs = f.Observaciones;
     txtRetencionNF = Format(f.porcentajeretencionnf, kMascaraPorcentaje);
     Option1 = f.nModoRetNF == 1 ? 1 : 0;
-    cboFpagoIndex = f.IdFco > 0 ? indicePorCabeza(cboFpago, Format(f.IdFco, QStringLiteral("00")))
-                                : 0;
+    cboFpagoIndex =
+        f.IdFco > 0 ? indicePorCabeza(cboFpago, Format(f.IdFco, QStringLiteral("00"))) : 0;
     if (cboFpagoIndex < 0) {
         cboFpagoIndex = 0;
     }
@@ -144,40 +147,10 @@ void frmEdicionFacturas::cargaPorId(qint32 idFactura) {
 
 void frmEdicionFacturas::muestraDireccion() {
     const RegistroFactura& f = cargada_;
-    DireccionEdicion d;
-    d.sg = f.Sg;
-    d.nombre = f.Nombre;
-    d.numero = f.Num;
-    d.escalera = f.Escalera;
-    d.piso = f.Piso;
-    d.puerta = f.Puerta;
-    d.cp = f.Cp;
-    d.pais = f.Pais;
-    d.poblacion = f.Poblacion;
-    d.provincia = f.Provincia;
     direccionDeDir_ = f.idDir > 0;
-    if (direccionDeDir_) {
-        // An invoice that points at an address shows it as it is now.
-        const Recordset rs = bd_.cn().Execute(
-            QStringLiteral("SELECT DIR_ID, DIR_SG, DIR_NOMBRE, Dir_Numero, Dir_Escalera, "
-                           "Dir_Piso, Dir_Puerta, DIR_CP, DIR_POBLACION, Dir_Pais, Dir_Provincia "
-                           "FROM Dir WHERE Dir_Id = ?"),
-            {f.idDir});
-        const auto t = [&rs](const char* c) {
-            return rs.Eof() ? QString() : rs.Fields(QString::fromLatin1(c)).Texto();
-        };
-        d.idDir = f.idDir;
-        d.sg = t("DIR_SG");
-        d.nombre = t("DIR_NOMBRE");
-        d.numero = t("Dir_Numero");
-        d.escalera = t("Dir_Escalera");
-        d.piso = t("Dir_Piso");
-        d.puerta = t("Dir_Puerta");
-        d.cp = t("DIR_CP");
-        d.poblacion = t("DIR_POBLACION");
-        d.pais = t("Dir_Pais");
-        d.provincia = static_cast<qint16>(t("Dir_Provincia").toInt());
-    }
+    // An invoice that points at an address shows it as it is now.
+    const DireccionFactura d =
+        direccionDeDir_ ? fnDireccionDir(bd_, f.idDir) : fnDireccionDeRegistro(f);
     direccionCargada_ = d;
     Text1[23] = d.nombre;
     Text1[18] = d.numero;

@@ -70,7 +70,7 @@ public:
     bool Text1_4_Enabled = false; // the total, with Check1
     QString txtFavObs;
     QString lblCliObs;
-    QString lblCliente; // code and name of the invoice's customer
+    QString lblCliente;                                 // code and name of the invoice's customer
     QString lblRetencion = QStringLiteral("Retención"); // "Franquicia" with Par_Automocion
     // The non-fiscal retention: its percentage and Option1 (0 on the bases,
     // 1 on the total), and the amounts to collect (Frame8).
@@ -84,9 +84,9 @@ public:
     int cboTipoViaIndex = -1, cboPaisIndex = -1, cboProvinciasIndex = -1, cboFpagoIndex = -1,
         cboSeriesIndex = -1;
 
-    bool Check1 = false;  // "Total Manual"
-    bool Check2 = false;  // "Total RCA": rectifying for creditors' proceedings
-    bool Check3 = false;  // receipts kept in the portfolio
+    bool Check1 = false; // "Total Manual"
+    bool Check2 = false; // "Total RCA": rectifying for creditors' proceedings
+    bool Check3 = false; // receipts kept in the portfolio
     bool ChKCopia = false;
     int optSalida = 0; // 0 screen, 1 printer, 2 PDF file, 3 PDF by mail
 
@@ -178,7 +178,7 @@ private:
     RegistroFactura cargada_;
     bool cargandoCheck_ = false;
     bool direccionDeDir_ = false;
-    DireccionEdicion direccionCargada_; // as shown at the last load
+    DireccionFactura direccionCargada_; // as shown at the last load
 };
 
 } // namespace vk

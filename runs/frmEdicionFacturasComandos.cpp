@@ -201,21 +201,22 @@ void frmEdicionFacturas::XPButton2() {
     if (!Ui().Pregunta(mensajes::kCambioCliente, mensajes::kTituloCambioCliente, false)) {
         return;
     }
-    const bool fiscal = Ui().Pregunta(mensajes::kBuscarPorFiscal, mensajes::kTituloCambioCliente,
-                                      true);
+    const bool fiscal =
+        Ui().Pregunta(mensajes::kBuscarPorFiscal, mensajes::kTituloCambioCliente, true);
     BdUtil util;
     util.Prepara(bd_.cn());
     const QString nombre = fnNombreCliente(
         static_cast<int>(bd_.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
     const std::optional<QStringList> cliente = elegido(
-        fiscal ? util.Busca(QStringLiteral("SELECT CLI_ID, CLI_COD, %1 AS Cli_Nom FROM Cli ORDER BY CLI_COD")
+        fiscal ? util.Busca(QStringLiteral(
+                                "SELECT CLI_ID, CLI_COD, %1 AS Cli_Nom FROM Cli ORDER BY CLI_COD")
                                 .arg(nombre),
                             QStringLiteral("Cli_Nom"), QStringLiteral("Codigo"),
                             QStringLiteral("Nombre"), mensajes::kBuscarClientesFiscal, 1300, 6000)
-               : util.Busca(QStringLiteral("SELECT CLI_ID, CLI_COD, CLI_COMER FROM Cli ORDER BY CLI_COD"),
-                            QStringLiteral("CLI_COMER"), QStringLiteral("Codigo"),
-                            QStringLiteral("Nombre"), mensajes::kBuscarClientesComercial, 1300,
-                            6000));
+               : util.Busca(
+                     QStringLiteral("SELECT CLI_ID, CLI_COD, CLI_COMER FROM Cli ORDER BY CLI_COD"),
+                     QStringLiteral("CLI_COMER"), QStringLiteral("Codigo"),
+                     QStringLiteral("Nombre"), mensajes::kBuscarClientesComercial, 1300, 6000));
     if (!cliente) {
         return;
     }
@@ -255,8 +256,8 @@ void frmEdicionFacturas::cmdDir() {
         QStringLiteral("SELECT DIR_ID, DIR_POBLACION, COALESCE(DIR_NOMBRE, '') || ' ' || "
                        "COALESCE(DIR_NUMERO, '') AS Direccion FROM CliDir INNER JOIN Dir ON "
                        "DIR_ID = CLIDIR_DIR WHERE CLIDIR_CLI = ? ORDER BY DIR_FISCAL DESC, DIR_ID"),
-        {cargada_.IdCliente}, QStringLiteral("Direccion"), QStringLiteral("Población"), QStringLiteral("Dirección"),
-        mensajes::kOtrasDirecciones, 2500, 5000));
+        {cargada_.IdCliente}, QStringLiteral("Direccion"), QStringLiteral("Población"),
+        QStringLiteral("Dirección"), mensajes::kOtrasDirecciones, 2500, 5000));
     if (!dir) {
         return;
     }

@@ -86,11 +86,10 @@ EdicionFactura frmEdicionFacturas::edicionMostrada() const {
     // The address is written only when a box changed; the invoice then keeps
     // it by value, as issued.
     const auto cabeza = [](const QStringList& items, int i) {
-        return i >= 0 && i < items.size()
-                   ? items[i].section(QStringLiteral(" - "), 0, 0).trimmed()
-                   : QString();
+        return i >= 0 && i < items.size() ? items[i].section(QStringLiteral(" - "), 0, 0).trimmed()
+                                          : QString();
     };
-    DireccionEdicion d;
+    DireccionFactura d;
     d.idDir = -1;
     d.nombre = Text1[23];
     d.numero = Text1[18];
@@ -101,14 +100,18 @@ EdicionFactura frmEdicionFacturas::edicionMostrada() const {
     d.poblacion = Text1[19];
     d.sg = cboTipoViaIndex >= 0 ? cabeza(cboTipoVia, cboTipoViaIndex) : direccionCargada_.sg;
     d.pais = cboPaisIndex >= 0 ? cabeza(cboPais, cboPaisIndex) : direccionCargada_.pais;
+    if (cboTipoViaIndex >= 0 && d.sg == direccionCargada_.sg.trimmed()) {
+        d.sg = direccionCargada_.sg; // the stored code as it was, blanks and all
+    }
+    if (cboPaisIndex >= 0 && d.pais == direccionCargada_.pais.trimmed()) {
+        d.pais = direccionCargada_.pais;
+    }
     d.provincia = cboProvinciasIndex >= 0
                       ? static_cast<qint16>(cabeza(cboProvincias, cboProvinciasIndex).toInt())
                       : direccionCargada_.provincia;
-    const DireccionEdicion& c = direccionCargada_;
-    if (d.nombre != c.nombre || d.numero != c.numero || d.escalera != c.escalera ||
-        d.piso != c.piso || d.puerta != c.puerta || d.cp != c.cp || d.poblacion != c.poblacion ||
-        d.sg.trimmed() != c.sg.trimmed() || d.pais.trimmed() != c.pais.trimmed() ||
-        d.provincia != c.provincia) {
+    DireccionFactura cargada = direccionCargada_;
+    cargada.idDir = -1;
+    if (!(d == cargada)) {
         e.direccion = d;
     }
     return e;
@@ -158,8 +161,8 @@ void frmEdicionFacturas::cmdActualiza() {
             e.fecha = *nueva;
             Text1[2] = Format(*nueva, QStringLiteral("dd/mm/yyyy"));
         }
-    } else if (e.fecha && !fnFechaEntreVecinas(bd_, cargada_.SerieFactura,
-                                               cargada_.NumeroFactura, *e.fecha)) {
+    } else if (e.fecha &&
+               !fnFechaEntreVecinas(bd_, cargada_.SerieFactura, cargada_.NumeroFactura, *e.fecha)) {
         ultimaOrdenFallida = true;
         return;
     }
