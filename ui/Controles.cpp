@@ -1,9 +1,13 @@
 #include "Controles.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
+#include <QDialog>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableView>
 #include <QTableWidget>
 #include <QVariant>
@@ -72,6 +76,32 @@ QString TextoCelda(const QVariant& v) {
 void PonTexto(QLineEdit* caja, const QString& texto) {
     if (caja->text() != texto) {
         caja->setText(texto);
+    }
+}
+
+bool TeclaFormulario(QDialog& dialogo, const QKeyEvent& evento) {
+    switch (evento.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (auto* boton = qobject_cast<QAbstractButton*>(dialogo.focusWidget());
+            boton && !qobject_cast<QCheckBox*>(boton) && !qobject_cast<QRadioButton*>(boton)) {
+            boton->click();
+        } else if (QWidget* foco = dialogo.focusWidget()) {
+            // The next field in the tab chain, as Tab would go.
+            for (QWidget* w = foco->nextInFocusChain(); w && w != foco; w = w->nextInFocusChain()) {
+                if ((w->focusPolicy() & Qt::TabFocus) && w->isVisibleTo(&dialogo) &&
+                    w->isEnabled() && dialogo.isAncestorOf(w)) {
+                    w->setFocus(Qt::TabFocusReason);
+                    break;
+                }
+            }
+        }
+        return true;
+    case Qt::Key_Escape:
+        dialogo.reject();
+        return true;
+    default:
+        return false;
     }
 }
 

@@ -7,6 +7,8 @@
 #include <QString>
 
 class QAbstractItemModel;
+class QDialog;
+class QKeyEvent;
 class QLineEdit;
 class QPushButton;
 class QCheckBox;
@@ -33,6 +35,11 @@ QTableView* NuevaRejilla(QWidget* padre, const QString& nombre, QAbstractItemMod
 inline const QString kMascaraImporte = QStringLiteral("#,###,##0.00");
 // A value as the grids show it: nothing for NULL, the text trimmed.
 QString TextoCelda(const QVariant& v);
+
+// The keys of every form, as the legacy forms had them: Enter moves to the
+// next field (on a push button it presses it), Escape leaves. True when the
+// key was one of them.
+bool TeclaFormulario(QDialog& dialogo, const QKeyEvent& evento);
 
 // Sets a line edit's text only when it differs: keeps the cursor and the
 // modified flag of a box the person is typing in.

@@ -15,8 +15,7 @@ namespace vk::ui {
 class LanzadorQt : public LanzadorPantallas {
 public:
     // The screens work on `factura`, the facade the host opened.
-    LanzadorQt(VKFACVENTAS& factura, QWidget* padre = nullptr)
-        : factura_(factura), padre_(padre) {}
+    LanzadorQt(VKFACVENTAS& factura, QWidget* padre = nullptr) : factura_(factura), padre_(padre) {}
     void Muestra(const PeticionPantalla& peticion) override;
 
 private:

@@ -1,12 +1,15 @@
 #include "RegistroVistas.h"
 
+#include "VistaEdicionFacturas.h"
 #include "VistaEmisionFacturas.h"
 #include "VistaFacturasVenta.h"
 #include "VistaIniFav.h"
 #include "VistaVisor.h"
 
+#include <Combos.h>
 #include <ErrorBd.h>
 #include <Interaccion.h>
+#include <frmEdicionFacturas.h>
 #include <frmEmisionFacturas.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
@@ -26,15 +29,18 @@ template <class Modelo, class Vista> std::pair<std::type_index, VistaDialogo> di
             }};
 }
 
-// A screen whose model is built on the facade; the model's load reads the
-// database, so a failure there is told and the screen does not open.
+// A screen whose model is built from the facade and the request's arguments;
+// the model's load reads the database, so a failure there is told and the
+// screen does not open.
 template <class Modelo, class Vista>
-std::pair<QString, VistaPantalla> pantalla(const char* nombre) {
+std::pair<QString, VistaPantalla>
+pantallaCon(const char* nombre,
+            std::unique_ptr<Modelo> (*crea)(VKFACVENTAS& f, const QVariantMap& argumentos)) {
     return {QString::fromLatin1(nombre),
-            [](VKFACVENTAS& f, const PeticionPantalla&, QWidget* padre) {
+            [crea](VKFACVENTAS& f, const PeticionPantalla& peticion, QWidget* padre) {
                 std::unique_ptr<Modelo> modelo;
                 try {
-                    modelo = std::make_unique<Modelo>(f);
+                    modelo = crea(f, peticion.argumentos);
                 } catch (const Error& e) {
                     Ui().Mensaje(e.Mensaje(), Icono::Error, mensajes::kTituloFacturacion);
                     return;
@@ -42,6 +48,27 @@ std::pair<QString, VistaPantalla> pantalla(const char* nombre) {
                 Vista vista(*modelo, padre);
                 vista.exec();
             }};
+}
+
+// A screen whose model needs only the facade.
+template <class Modelo, class Vista>
+std::pair<QString, VistaPantalla> pantalla(const char* nombre) {
+    return pantallaCon<Modelo, Vista>(
+        nombre, [](VKFACVENTAS& f, const QVariantMap&) { return std::make_unique<Modelo>(f); });
+}
+
+// The edit screen opens the invoice it is given; asked to search, on the
+// last invoice of the user's default series, where editing usually starts.
+std::unique_ptr<frmEdicionFacturas> creaEdicionFacturas(VKFACVENTAS& f, const QVariantMap& a) {
+    if (a.value(QStringLiteral("buscar")).toBool() || !a.contains(QStringLiteral("numero"))) {
+        auto modelo =
+            std::make_unique<frmEdicionFacturas>(f, fnSerieFacturaPorDefecto(f.MyBd()), 0);
+        modelo->cmdNav(frmEdicionFacturas::Boton::Ultima);
+        return modelo;
+    }
+    return std::make_unique<frmEdicionFacturas>(f, a.value(QStringLiteral("serie")).toString(),
+                                                a.value(QStringLiteral("numero")).toInt(),
+                                                a.value(QStringLiteral("soloLectura")).toBool());
 }
 
 } // namespace
@@ -65,6 +92,8 @@ const VistaDialogo* BuscaVistaDialogo(const DialogoModelo& modelo) {
 const VistaPantalla* BuscaVistaPantalla(const QString& nombre) {
     static const std::map<QString, VistaPantalla> vistas = {
         pantalla<frmFacturasVenta, VistaFacturasVenta>("frmFacturasVenta"),
+        pantallaCon<frmEdicionFacturas, VistaEdicionFacturas>("frmEdicionFacturas",
+                                                              creaEdicionFacturas),
     };
     const auto v = vistas.find(nombre);
     return v == vistas.end() ? nullptr : &v->second;

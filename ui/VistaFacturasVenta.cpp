@@ -442,23 +442,12 @@ void VistaFacturasVenta::keyPressEvent(QKeyEvent* evento) {
             return;
         }
         break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        // Enter moves on, as the legacy forms did; on a button it presses it.
-        if (auto* boton = qobject_cast<QAbstractButton*>(focusWidget());
-            boton && !qobject_cast<QCheckBox*>(boton) && !qobject_cast<QRadioButton*>(boton)) {
-            boton->click();
-        } else {
-            focusNextChild();
-        }
-        return;
-    case Qt::Key_Escape:
-        reject();
-        return;
     default:
         break;
     }
-    QDialog::keyPressEvent(evento);
+    if (!TeclaFormulario(*this, *evento)) {
+        QDialog::keyPressEvent(evento);
+    }
 }
 
 } // namespace vk::ui

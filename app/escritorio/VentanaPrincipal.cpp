@@ -17,8 +17,11 @@ VentanaPrincipal::VentanaPrincipal(VKFACVENTAS& factura, const QString& empresa)
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&Facturación"));
     QAction* albaranes = menu->addAction(QStringLiteral("Facturación de &albaranes…"));
     albaranes->setObjectName(QStringLiteral("mnuFacturasVenta"));
-    QAction* emision = menu->addAction(QStringLiteral("&Emisión de facturas…"));
-    emision->setObjectName(QStringLiteral("mnuEmisionFacturas"));
+    // The facade's issue entry opens the edit screen, on the invoice in hand
+    // or on the last one of the default series.
+    QAction* edicion = menu->addAction(QStringLiteral("&Edición de facturas…"));
+    edicion->setObjectName(QStringLiteral("mnuEdicionFacturas"));
+    edicion->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     menu->addSeparator();
     QAction* salir = menu->addAction(QStringLiteral("&Salir"));
     salir->setObjectName(QStringLiteral("mnuSalir"));
@@ -35,7 +38,7 @@ VentanaPrincipal::VentanaPrincipal(VKFACVENTAS& factura, const QString& empresa)
 
     QObject::connect(albaranes, &QAction::triggered, this,
                      [this] { entrada([this] { factura_.jFacturasVenta(); }); });
-    QObject::connect(emision, &QAction::triggered, this,
+    QObject::connect(edicion, &QAction::triggered, this,
                      [this] { entrada([this] { factura_.jEmisionFacturas(); }); });
     QObject::connect(salir, &QAction::triggered, this, [this] { close(); });
 }

@@ -273,9 +273,10 @@ TEST_P(Vistas, IssueDialogWritesDesignAndPaperOptionsOrNoDesignOnEscape) {
 TEST_P(Vistas, LauncherTellsOfScreensNotYetAvailable) {
     ui::LanzadorQt lanzador(*factura);
     EstableceLanzador(&lanzador);
-    factura->jEmisionFacturas();
-    EXPECT_EQ(guion.Textos(), QStringList{QStringLiteral(
-                                  "Esta pantalla todavía no está disponible: frmEdicionFacturas")});
+    factura->jFacturasContrataciones();
+    EXPECT_EQ(guion.Textos(),
+              QStringList{QStringLiteral(
+                  "Esta pantalla todavía no está disponible: frmFacturaContrataciones")});
 }
 
 VK_EN_AMBOS_MOTORES(Vistas);
