@@ -11,11 +11,13 @@
 #include <QTextStream>
 #include <QTreeWidget>
 #include <VKFACVENTAS.h>
+#include <VistaEdicionFacturas.h>
 #include <VistaEmisionFacturas.h>
 #include <VistaFactuAlbaran.h>
 #include <VistaFacturasVenta.h>
 #include <VistaIniFav.h>
 #include <VistaVisor.h>
+#include <frmEdicionFacturas.h>
 #include <frmEmisionFacturas.h>
 #include <frmFactuAlbaran.h>
 #include <frmFacturasVenta.h>
@@ -117,6 +119,12 @@ int HazCapturas(VKFACVENTAS& factura, const QString& carpeta) {
             modelo.Text1[11] = QStringLiteral("1");
             vista.desdeModelo();
             vista.findChild<QAbstractButton*>(QStringLiteral("cmdFacturar"))->click();
+        }
+        {
+            // The invoice just made, in the edit screen.
+            frmEdicionFacturas modelo(factura, factura.SerieFactura, factura.NumeroFactura);
+            ui::VistaEdicionFacturas vista(modelo);
+            guarda(vista, ui.fichero(QStringLiteral("edicion-facturas")));
         }
     } catch (const Error& e) {
         err() << e.Mensaje() << Qt::endl;
