@@ -247,6 +247,9 @@ void msRecalculaFactura(VKFACVENTAS& f, const EdicionFactura& e) {
     if (e.albaranQuitado) {
         quitaAlbaran(f, *e.albaranQuitado);
     }
+    if (e.cambioLineas) {
+        e.cambioLineas();
+    }
     if (e.idClienteNuevo && *e.idClienteNuevo != f.IdCliente) {
         tomaCliente(f, *e.idClienteNuevo);
     }
@@ -266,7 +269,8 @@ void msRecalculaFactura(VKFACVENTAS& f, const EdicionFactura& e) {
     f.CalculoTotalesFactura();
 
     using R = EdicionFactura::Recibos;
-    const bool cambian = e.albaranIncluido || e.albaranQuitado || !(baseRecibos(f) == antes);
+    const bool cambian = e.albaranIncluido || e.albaranQuitado || e.cambioLineas ||
+                         !(baseRecibos(f) == antes);
     if (e.recibos == R::Regenera) {
         borraRecibos(bd, f.IdFactu);
     }

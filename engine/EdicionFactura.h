@@ -14,6 +14,7 @@
 
 #include <QDate>
 #include <QString>
+#include <functional>
 #include <optional>
 
 namespace vk {
@@ -38,6 +39,9 @@ struct EdicionFactura {
     std::optional<qint32> idClienteNuevo;      // its data, fiscal address and terms
     std::optional<qint32> albaranIncluido;
     std::optional<qint32> albaranQuitado;
+    // A change of the invoice's lines made under the lock, before the totals
+    // (a transport leg added or removed).
+    std::function<void()> cambioLineas;
 
     enum class Recibos {
         SiCambian, // rebuilt when what they depend on changed, else untouched

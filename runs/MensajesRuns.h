@@ -83,7 +83,4 @@ inline const QString kNoEsDeTransporte = QStringLiteral(
 inline const QString kConfirmaQuitarTramo =
     QStringLiteral("Confirma que desea eliminar el tramo indicado de la factura");
 inline const QString kOtrasDirecciones = QStringLiteral("Otras direcciones");
-inline const QString kAlbaranesDelCliente = QStringLiteral("Albaranes pendientes del cliente");
-inline const QString kComponenteNoDisponible =
-    QStringLiteral("Esta función todavía no está disponible: %1");
 } // namespace vk::mensajes

@@ -20,6 +20,7 @@
 #include <VKFACVENTAS.h>
 #include <array>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -169,6 +170,8 @@ private:
     // command marked failed.
     bool intenta(const std::function<void()>& paso);
     QDate fechaMostrada() const;
+    // The suite's transport class on this session.
+    std::unique_ptr<class VKTrans> transportes() const;
     std::optional<qint32> albaranTecleado() const;
 
     VKFACVENTAS& factura_;

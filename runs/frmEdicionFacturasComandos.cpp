@@ -4,6 +4,7 @@
 #include "MensajesRuns.h"
 #include "frmEdicionFacturas.h"
 
+#include <AlbaranesVentas.h>
 #include <BdSesion.h>
 #include <BdUtil.h>
 #include <ErrorBd.h>
@@ -11,6 +12,9 @@
 #include <Interaccion.h>
 #include <MensajesMotor.h>
 #include <NombreCliente.h>
+#include <Transportes.h>
+#include <algorithm>
+#include <memory>
 #include <set>
 
 namespace vk {
@@ -129,41 +133,30 @@ void frmEdicionFacturas::cmdQuitar() {
 }
 
 void frmEdicionFacturas::cmdBuscaAlbaranes() {
-    if (!HayFactura()) {
+    if (!HayFactura() || bSoloLectura) {
         return;
     }
-    // The customer's notes that can still be invoiced, newest first.
-    Recordset rs = bd_.cn().Execute(
-        QStringLiteral("SELECT Cav_Id, Cav_Serie, Cav_Numero, Cav_Fecha, "
-                       "(SELECT SUM(Lav_Importe) FROM Lav WHERE Lav_IdCav = Cav_Id) AS Importe "
-                       "FROM Cav WHERE Cav_IdCli = ? AND Cav_Situa = 1 AND Cav_IdFactura IS NULL "
-                       "ORDER BY Cav_Fecha DESC, Cav_Id DESC"),
-        {cargada_.IdCliente});
-    PeticionBusca p;
-    p.titulo = mensajes::kAlbaranesDelCliente;
-    p.columna = QStringLiteral("Cav_Numero");
-    p.cabeceraCodigo = QStringLiteral("Serie");
-    p.cabeceraNombre = QStringLiteral("Número");
-    p.anchoCodigo = 900;
-    p.anchoNombre = 1200;
-    p.columnas = {QStringLiteral("Cav_Id"), QStringLiteral("Serie"), QStringLiteral("Número"),
-                  QStringLiteral("Fecha"), QStringLiteral("Importe")};
-    for (; !rs.Eof(); rs.MoveNext()) {
-        p.filas.push_back({rs.Fields(0).Value(), rs.Fields(1).Texto().trimmed(),
-                           rs.Fields(2).Entero(),
-                           Format(rs.Fields(3).Fecha(), QStringLiteral("dd/mm/yyyy")),
-                           FormatoMoneda(rs.Fields(4).Doble())});
-    }
-    if (const std::optional<int> fila = Ui().Busca(p);
-        fila && *fila >= 0 && *fila < static_cast<int>(p.filas.size())) {
-        Text1[5] = p.filas[*fila][1].toString();
-        Text1[6] = p.filas[*fila][2].toString();
-    }
+    intenta([&] {
+        auto albaranes = CreaObjeto<VKAlbVentas>(QString::fromLatin1(VKAlbVentas::kProgId));
+        albaranes->MyBd = &bd_;
+        if (const auto elegido = albaranes->BuscaAlbaranesCliente(cargada_.IdCliente)) {
+            Text1[5] = elegido->serie;
+            Text1[6] = QString::number(elegido->numero);
+        }
+    });
 }
 
 void frmEdicionFacturas::cmdEditar() {
-    Ui().Mensaje(mensajes::kComponenteNoDisponible.arg(QStringLiteral("VKALBARANES.VKAlbVentas")),
-                 Icono::Informacion, Caption);
+    if (filaAlbaran < 0 || filaAlbaran >= static_cast<int>(dbgAlbaranes.size())) {
+        return;
+    }
+    const LineaAlbaranFactura& l = dbgAlbaranes[filaAlbaran];
+    intenta([&] {
+        auto albaranes = CreaObjeto<VKAlbVentas>(QString::fromLatin1(VKAlbVentas::kProgId));
+        albaranes->MyBd = &bd_;
+        albaranes->jMuestraAlbaran(l.Cav_Id, l.Lav_Id);
+    });
+    cargaPorId(idFactura_);
 }
 
 void frmEdicionFacturas::cmdBorrar() {
@@ -319,23 +312,78 @@ void frmEdicionFacturas::dbgAlbaranes_DblClick(int fila) {
     cmdEditar();
 }
 
-// Transport legs are kept by the suite's transport class, which this
-// installation does not have yet.
+std::unique_ptr<VKTrans> frmEdicionFacturas::transportes() const {
+    auto t = CreaObjeto<VKTrans>(QString::fromLatin1(VKTrans::kProgId));
+    t->MyBd = &bd_;
+    return t;
+}
+
 void frmEdicionFacturas::mnu01() {
-    Ui().Mensaje(mensajes::kComponenteNoDisponible.arg(QStringLiteral("VKTRANSPORTES.VKTrans")),
-                 Icono::Informacion, Caption);
+    if (filaAlbaran < 0 || filaAlbaran >= static_cast<int>(dbgAlbaranes.size()) ||
+        dbgAlbaranes[filaAlbaran].Lav_IdViaje <= 0) {
+        return;
+    }
+    const LineaAlbaranFactura& l = dbgAlbaranes[filaAlbaran];
+    intenta([&] { transportes()->jMuestraTramo(l.Lav_IdViaje, l.Lav_Id); });
 }
 
 void frmEdicionFacturas::mnu03() {
-    mnu01();
+    if (HayFactura()) {
+        intenta([&] { transportes()->jViajesCliente(cargada_.IdCliente); });
+    }
 }
 
 void frmEdicionFacturas::mnu04() {
-    mnu01();
+    ultimaOrdenFallida = false;
+    if (!HayFactura() || bSoloLectura) {
+        return;
+    }
+    const bool deTransporte =
+        std::any_of(dbgAlbaranes.begin(), dbgAlbaranes.end(),
+                    [](const LineaAlbaranFactura& l) { return l.Lav_IdViaje > 0; });
+    if (!deTransporte &&
+        bd_.Parametros().Item(QStringLiteral("Par_ModTransportes")).Entero() == 1 &&
+        !Ui().Pregunta(mensajes::kNoEsDeTransporte, Caption, false)) {
+        return;
+    }
+    std::shared_ptr<VKTrans> t;
+    std::optional<VKTrans::TramoElegido> tramo;
+    EdicionFactura e;
+    if (!intenta([&] {
+            t = transportes();
+            tramo = t->EligeTramo(cargada_.IdCliente);
+            e = edicionMostrada();
+        }) ||
+        !tramo) {
+        return;
+    }
+    e.cambioLineas = [&] { t->FacturaTramo(idFactura_, *tramo); };
+    e.recibos = preguntaRecibos();
+    msRecalculaFactura(std::move(e));
 }
 
 void frmEdicionFacturas::mnu05() {
-    mnu01();
+    ultimaOrdenFallida = false;
+    if (!HayFactura() || bSoloLectura || filaAlbaran < 0 ||
+        filaAlbaran >= static_cast<int>(dbgAlbaranes.size()) ||
+        dbgAlbaranes[filaAlbaran].Lav_IdViaje <= 0) {
+        return;
+    }
+    if (!Ui().Pregunta(mensajes::kConfirmaQuitarTramo, Caption, false)) {
+        return;
+    }
+    const qint32 idLav = dbgAlbaranes[filaAlbaran].Lav_Id;
+    std::shared_ptr<VKTrans> t;
+    EdicionFactura e;
+    if (!intenta([&] {
+            t = transportes();
+            e = edicionMostrada();
+        })) {
+        return;
+    }
+    e.cambioLineas = [&] { t->QuitaTramo(idLav); };
+    e.recibos = preguntaRecibos();
+    msRecalculaFactura(std::move(e));
 }
 
 } // namespace vk
