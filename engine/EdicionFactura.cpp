@@ -33,9 +33,18 @@ void cargaBloqueada(VKFACVENTAS& f, qint32 idFactura) {
     if (rs.Eof()) {
         throw ErrorRegla(mensajes::kFacturaNoExiste.arg(idFactura));
     }
-    msBloqueaSerie(bd, rs.Fields(0).Texto());
-    if (!f.CargaFactura(idFactura)) {
-        throw ErrorRegla(mensajes::kFacturaNoExiste.arg(idFactura));
+    QString serie = rs.Fields(0).Texto();
+    msBloqueaSerie(bd, serie);
+    // Another user may have moved it to another series before the lock.
+    while (true) {
+        if (!f.CargaFactura(idFactura)) {
+            throw ErrorRegla(mensajes::kFacturaNoExiste.arg(idFactura));
+        }
+        if (f.SerieFactura == serie) {
+            return;
+        }
+        serie = f.SerieFactura;
+        msBloqueaSerie(bd, serie);
     }
 }
 
@@ -57,15 +66,25 @@ void escribeCabecera(VKFACVENTAS& f) {
     exige(bd, bd.Update(mensaje), mensaje);
 }
 
-// The totals and the save of the amounts, the retention, the receipts when
+// The pending receipts go whenever receipts are rebuilt, even when the new
+// amount makes none (an invoice left without notes): they would collect what
+// is no longer owed.
+void borraRecibosPendientes(BdSesion& bd, qint32 idFactura) {
+    bd.cn().Execute(QStringLiteral("DELETE FROM Rec WHERE Rec_Tipo = 1 AND Rec_IdFac = ? AND "
+                                   "COALESCE(Rec_Sit, 1) = 1"),
+                    {idFactura});
+}
+
+void borraRecibos(BdSesion& bd, qint32 idFactura) {
+    bd.cn().Execute(QStringLiteral("DELETE FROM Rec WHERE Rec_Tipo = 1 AND Rec_IdFac = ?"),
+                    {idFactura});
+}
+
+// The save of the amounts, the retention, the receipts when
 // asked, and the posting; any failure undoes the caller's transaction.
 void grabaImportes(VKFACVENTAS& f, bool recibos) {
     if (recibos) {
-        // The pending receipts go even when the new amount makes none (an
-        // invoice left without notes): they would collect what is not owed.
-        f.MyBd().cn().Execute(QStringLiteral("DELETE FROM Rec WHERE Rec_Tipo = 1 AND Rec_IdFac = "
-                                             "? AND COALESCE(Rec_Sit, 1) = 1"),
-                              {f.IdFactu});
+        borraRecibosPendientes(f.MyBd(), f.IdFactu);
     }
     bool escritos = false;
     if (!fnGrabaFactura(f, recibos, true, escritos)) {
@@ -74,11 +93,6 @@ void grabaImportes(VKFACVENTAS& f, bool recibos) {
             mensajes::kFacturaNoGrabada.arg(e ? e->Mensaje() : mensajes::kContabilizacionFallida),
             e ? e->Detalle() : QString());
     }
-}
-
-void borraRecibos(BdSesion& bd, qint32 idFactura) {
-    bd.cn().Execute(QStringLiteral("DELETE FROM Rec WHERE Rec_Tipo = 1 AND Rec_IdFac = ?"),
-                    {idFactura});
 }
 
 // The new customer's identity, terms, attention line, offset account and
@@ -269,8 +283,8 @@ void msRecalculaFactura(VKFACVENTAS& f, const EdicionFactura& e) {
     f.CalculoTotalesFactura();
 
     using R = EdicionFactura::Recibos;
-    const bool cambian = e.albaranIncluido || e.albaranQuitado || e.cambioLineas ||
-                         !(baseRecibos(f) == antes);
+    const bool cambian =
+        e.albaranIncluido || e.albaranQuitado || e.cambioLineas || !(baseRecibos(f) == antes);
     if (e.recibos == R::Regenera) {
         borraRecibos(bd, f.IdFactu);
     }
@@ -405,9 +419,7 @@ void msRegeneraRecibos(VKFACVENTAS& f, qint32 idFactura, bool todos) {
     if (todos) {
         borraRecibos(bd, idFactura);
     }
-    bd.cn().Execute(QStringLiteral("DELETE FROM Rec WHERE Rec_Tipo = 1 AND Rec_IdFac = ? AND "
-                                   "COALESCE(Rec_Sit, 1) = 1"),
-                    {idFactura});
+    borraRecibosPendientes(bd, idFactura);
     if (bd.Parametros().Item(QStringLiteral("Par_RecAbonos")).Activo() || f.TotalFactura > 0) {
         msGeneraRecibosFactura(f);
     }

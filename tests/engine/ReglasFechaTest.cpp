@@ -48,7 +48,8 @@ TEST_P(Fechas, EditedDateStaysBetweenItsNeighboursByNumber) {
     EXPECT_FALSE(fnFechaEntreVecinas(bd, QStringLiteral("A"), 2, QDate(2026, 3, 11)));
     EXPECT_FALSE(fnFechaEntreVecinas(bd, QStringLiteral("A"), 2, QDate(2026, 2, 28)));
     EXPECT_EQ(e->ui().Textos(),
-              (QStringList{QStringLiteral("La fecha no puede ser posterior a 10/03/2026"),
+              (QStringList{QStringLiteral("La fecha no puede ser posterior a 10/03/2026. Cambio "
+                                          "de fecha cancelado"),
                            QStringLiteral("La fecha no puede ser anterior a 01/03/2026. Cambio "
                                           "de fecha cancelado")}));
     // The last number has no neighbour after it.

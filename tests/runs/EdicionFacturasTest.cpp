@@ -2,6 +2,7 @@
 // series, the refusals and their texts, the manual total and its undo,
 // deleting the last invoice, dates between neighbours, a change of series
 // and of customer, read-only mode; on both backends.
+#include "EmisorAnotado.h"
 #include "EmpresaPrueba.h"
 
 #include <EdicionFactura.h>
@@ -565,6 +566,62 @@ TEST_P(EdicionFacturas, WhatAnotherUserDidSinceTheScreenLookedIsCheckedAgainUnde
     ed.serie = QStringLiteral("B");
     EXPECT_THROW(msRecalculaFactura(e->factura(), ed), ErrorRegla);
     EXPECT_EQ(todo(segunda), antes);
+}
+
+TEST_P(EdicionFacturas, RemarksAndAnotherAddressOfTheCustomerAreSavedByValue) {
+    const qint32 id = factura(cliente, kDia1, {albaran(cliente, kDia1, 100)});
+    e->cn().Execute(QStringLiteral("UPDATE Cli SET Cli_favobs = ? WHERE Cli_Id = ?"),
+                    {QStringLiteral("Entregar por la puerta de atrás"), cliente});
+    const qint64 dir =
+        e->cn()
+            .Execute(QStringLiteral("INSERT INTO Dir (DIR_NOMBRE, DIR_NUMERO, DIR_LETRA, DIR_CP, "
+                                    "DIR_POBLACION, dir_fiscal) VALUES (?, ?, ?, ?, ?, '0') "
+                                    "RETURNING DIR_ID"),
+                     {QStringLiteral("Calle de la Paz"), QStringLiteral("7"), QStringLiteral("C"),
+                      QStringLiteral("46003"), QStringLiteral("Valencia")})
+            .Fields(0)
+            .Entero();
+    e->cn().Execute(QStringLiteral("INSERT INTO CliDir (CLIDIR_CLI, CLIDIR_DIR) VALUES (?, ?)"),
+                    {cliente, dir});
+    auto p = pantalla(1);
+    p->XPButton1();
+    EXPECT_EQ(p->txtFavObs, QStringLiteral("Entregar por la puerta de atrás"));
+    e->ui().busquedas = {0};
+    p->cmdDir();
+    EXPECT_EQ(e->ui().peticionesBusca.back().titulo, QStringLiteral("Otras direcciones"));
+    EXPECT_EQ(p->Text1[23], QStringLiteral("Calle de la Paz"));
+    EXPECT_EQ(p->Text1[14], QStringLiteral("C")); // the door takes the letter
+    e->ui().ResponderSiSiempre(true);
+    p->cmdActualiza();
+    EXPECT_FALSE(p->ultimaOrdenFallida);
+    const Recordset rs = e->cn().Execute(
+        QStringLiteral("SELECT Fav_Obs, Fav_Nombre, Fav_Puerta, Fav_Cp, Fav_IdDir FROM Fav WHERE "
+                       "Fav_Id = ?"),
+        {id});
+    EXPECT_EQ(rs.Fields(0).Texto(), QStringLiteral("Entregar por la puerta de atrás"));
+    EXPECT_EQ(rs.Fields(1).Texto(), QStringLiteral("Calle de la Paz"));
+    EXPECT_EQ(rs.Fields(2).Texto(), QStringLiteral("C"));
+    EXPECT_EQ(rs.Fields(3).Texto(), QStringLiteral("46003"));
+    EXPECT_LE(rs.Fields(4).Entero(), 0);
+}
+
+TEST_P(EdicionFacturas, IssueGoesOutWithTheChosenOutputAndCopyMark) {
+    factura(cliente, kDia1, {albaran(cliente, kDia1, 100)});
+    const qint32 segunda = factura(cliente, kDia5, {albaran(cliente, kDia1, 20)});
+    EmisorAnotado::Registra();
+    auto p = pantalla(2);
+    p->optSalida = 2;
+    p->ChKCopia = true;
+    e->ui().respuestas = {false};
+    p->cmdEmitir();
+    EmisorAnotado::Olvida();
+    EXPECT_FALSE(p->ultimaOrdenFallida);
+    ASSERT_EQ(EmisorAnotado::llamadas.size(), 1u);
+    EXPECT_EQ(EmisorAnotado::llamadas[0], QVector<qint32>{segunda});
+    EXPECT_EQ(e->factura().Tipo_Emision, 2);
+    EXPECT_TRUE(e->factura().Copia);
+    EXPECT_FALSE(e->factura().VisualizarPDF);
+    EXPECT_EQ(preguntas().value(0), QStringLiteral("Desea visualizar el documento"));
 }
 
 VK_EN_AMBOS_MOTORES(EdicionFacturas);
