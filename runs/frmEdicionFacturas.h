@@ -170,6 +170,8 @@ private:
     // command marked failed.
     bool intenta(const std::function<void()>& paso);
     QDate fechaMostrada() const;
+    // cmdDir's lookup and the boxes it fills.
+    void msOtraDireccion();
     // The suite's transport class on this session.
     std::unique_ptr<class VKTrans> transportes() const;
     std::optional<qint32> albaranTecleado() const;

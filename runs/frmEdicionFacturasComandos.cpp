@@ -243,12 +243,18 @@ void frmEdicionFacturas::cmdDir() {
     if (!HayFactura() || bSoloLectura) {
         return;
     }
+    // A lookup that fails is told, like any command.
+    intenta([&] { msOtraDireccion(); });
+}
+
+void frmEdicionFacturas::msOtraDireccion() {
     BdUtil util;
     util.Prepara(bd_.cn());
     const std::optional<QStringList> dir = elegido(util.Busca(
-        QStringLiteral("SELECT DIR_ID, DIR_POBLACION, COALESCE(DIR_NOMBRE, '') || ' ' || "
-                       "COALESCE(DIR_NUMERO, '') AS Direccion FROM CliDir INNER JOIN Dir ON "
-                       "DIR_ID = CLIDIR_DIR WHERE CLIDIR_CLI = ? ORDER BY DIR_FISCAL DESC, DIR_ID"),
+        QStringLiteral(
+            "SELECT DIR_ID, DIR_POBLACION, COALESCE(DIR_NOMBRE, '') || ' ' || "
+            "COALESCE(CAST(DIR_NUMERO AS TEXT), '') AS Direccion FROM CliDir INNER JOIN Dir ON "
+            "DIR_ID = CLIDIR_DIR WHERE CLIDIR_CLI = ? ORDER BY DIR_FISCAL DESC, DIR_ID"),
         {cargada_.IdCliente}, QStringLiteral("Direccion"), QStringLiteral("Población"),
         QStringLiteral("Dirección"), mensajes::kOtrasDirecciones, 2500, 5000));
     if (!dir) {
