@@ -20,4 +20,30 @@ inline const QString kSpoolColaRechaza =
     QStringLiteral("La cola de impresión «%1» no ha aceptado el trabajo: %2");
 inline const QString kSpoolFichero = QStringLiteral("No se ha podido escribir en el fichero %1.");
 
+// The delivery notes.
+inline const QString kTituloAlbaranesPendientes =
+    QStringLiteral("Albaranes pendientes del cliente");
+inline const QString kAlbaranInexistente =
+    QStringLiteral("El albarán que se quiere mostrar no existe (id %1).");
+inline const QString kAlbaranPendiente = QStringLiteral("Pendiente");
+inline const QString kAlbaranFacturadoEn = QStringLiteral("Facturado en %1");
+inline const QString kAlbaranFacturado = QStringLiteral("Facturado");
+
+// The transport legs.
+inline const QString kTituloTramosLibres = QStringLiteral("Tramos pendientes de facturar");
+inline const QString kTituloViajesCliente = QStringLiteral("Tramos facturados al cliente");
+inline const QString kTituloTransporte = QStringLiteral("Transportes");
+inline const QString kImporteTramo = QStringLiteral("Importe del tramo");
+inline const QString kImporteNoNumerico =
+    QStringLiteral("«%1» no es un importe válido: el tramo no se ha facturado.");
+inline const QString kDescripcionTramo = QStringLiteral("Porte %1 - %2 %3");
+inline const QString kTramoYaFacturado =
+    QStringLiteral("El tramo ya está facturado en otra factura.");
+inline const QString kFacturaSinAlbaran =
+    QStringLiteral("La factura no tiene ningún albarán en el que añadir la línea del tramo.");
+inline const QString kAlbaranSinLineas = QStringLiteral(
+    "El primer albarán de la factura no tiene líneas de las que tomar el tipo de IVA del tramo.");
+inline const QString kTramoInexistente =
+    QStringLiteral("El tramo que se quiere mostrar no existe (id %1).");
+
 } // namespace vk::suite::mensajes

@@ -1,7 +1,9 @@
 #include "RegistroSuite.h"
 
+#include "AlbaranesIncorporados.h"
 #include "SpoolIncorporado.h"
 #include "TesoreriaIncorporada.h"
+#include "TransportesIncorporados.h"
 
 #include <VKCRFACTURAS.h>
 
@@ -9,6 +11,8 @@ namespace vk::suite {
 
 void RegistraComponentesSuite() {
     RegistraTesoreria();
+    RegistraAlbaranes();
+    RegistraTransportes();
     RegistraSpool();
     RegistraEmision();
 }

@@ -1,18 +1,22 @@
 #include "RegistroVistas.h"
 
+#include "VistaAlbaranVenta.h"
 #include "VistaEdicionFacturas.h"
 #include "VistaEmisionFacturas.h"
 #include "VistaFacturasVenta.h"
 #include "VistaIniFav.h"
+#include "VistaTramo.h"
 #include "VistaVisor.h"
 
 #include <Combos.h>
 #include <ErrorBd.h>
 #include <Interaccion.h>
+#include <frmAlbaranVenta.h>
 #include <frmEdicionFacturas.h>
 #include <frmEmisionFacturas.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
+#include <frmTramo.h>
 #include <frmVisor.h>
 #include <map>
 #include <typeindex>
@@ -71,6 +75,16 @@ std::unique_ptr<frmEdicionFacturas> creaEdicionFacturas(VKFACVENTAS& f, const QV
                                                 a.value(QStringLiteral("soloLectura")).toBool());
 }
 
+// A note or a leg, read-only, from the ids the suite's classes hand over.
+std::unique_ptr<frmAlbaranVenta> creaAlbaranVenta(VKFACVENTAS& f, const QVariantMap& a) {
+    return std::make_unique<frmAlbaranVenta>(f.MyBd(), a.value(QStringLiteral("idCav")).toInt(),
+                                             a.value(QStringLiteral("idLav")).toInt());
+}
+std::unique_ptr<frmTramo> creaTramo(VKFACVENTAS& f, const QVariantMap& a) {
+    return std::make_unique<frmTramo>(f.MyBd(), a.value(QStringLiteral("idTramo")).toInt(),
+                                      a.value(QStringLiteral("idLav")).toInt());
+}
+
 } // namespace
 
 const VistaDialogo* BuscaVistaDialogo(const DialogoModelo& modelo) {
@@ -94,6 +108,8 @@ const VistaPantalla* BuscaVistaPantalla(const QString& nombre) {
         pantalla<frmFacturasVenta, VistaFacturasVenta>("frmFacturasVenta"),
         pantallaCon<frmEdicionFacturas, VistaEdicionFacturas>("frmEdicionFacturas",
                                                               creaEdicionFacturas),
+        pantallaCon<frmAlbaranVenta, VistaAlbaranVenta>("frmAlbaranVenta", creaAlbaranVenta),
+        pantallaCon<frmTramo, VistaTramo>("frmTramo", creaTramo),
     };
     const auto v = vistas.find(nombre);
     return v == vistas.end() ? nullptr : &v->second;
