@@ -4,6 +4,7 @@
 #include "VistaEmisionFacturas.h"
 #include "VistaFacturasVenta.h"
 #include "VistaIniFav.h"
+#include "VistaManteRecibos.h"
 #include "VistaVisor.h"
 
 #include <Combos.h>
@@ -13,6 +14,7 @@
 #include <frmEmisionFacturas.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
+#include <frmManteRecibos.h>
 #include <frmVisor.h>
 #include <map>
 #include <typeindex>
@@ -71,6 +73,14 @@ std::unique_ptr<frmEdicionFacturas> creaEdicionFacturas(VKFACVENTAS& f, const QV
                                                 a.value(QStringLiteral("soloLectura")).toBool());
 }
 
+// The treasury's receipt maintenance: the receipt and whether it is opened
+// from a collection, as jManteRecibos asks.
+std::unique_ptr<suite::frmManteRecibos> creaManteRecibos(VKFACVENTAS& f, const QVariantMap& a) {
+    return std::make_unique<suite::frmManteRecibos>(f.MyBd(),
+                                                    a.value(QStringLiteral("idRecibo")).toInt(),
+                                                    a.value(QStringLiteral("bCobPag")).toBool());
+}
+
 } // namespace
 
 const VistaDialogo* BuscaVistaDialogo(const DialogoModelo& modelo) {
@@ -94,6 +104,7 @@ const VistaPantalla* BuscaVistaPantalla(const QString& nombre) {
         pantalla<frmFacturasVenta, VistaFacturasVenta>("frmFacturasVenta"),
         pantallaCon<frmEdicionFacturas, VistaEdicionFacturas>("frmEdicionFacturas",
                                                               creaEdicionFacturas),
+        pantallaCon<suite::frmManteRecibos, VistaManteRecibos>("frmManteRecibos", creaManteRecibos),
     };
     const auto v = vistas.find(nombre);
     return v == vistas.end() ? nullptr : &v->second;
