@@ -18,8 +18,8 @@ inline const QString kTesoreriaErrorRecibo =
 // The maintenance of one receipt.
 inline const QString kTituloManteRecibos = QStringLiteral("Mantenimiento de recibos");
 inline const QString kReciboNoExiste = QStringLiteral("El recibo %1 no existe.");
-inline const QString kReciboVencimientoAnterior = QStringLiteral(
-    "El vencimiento no puede ser anterior a la fecha de la factura (%1).");
+inline const QString kReciboVencimientoAnterior =
+    QStringLiteral("El vencimiento no puede ser anterior a la fecha de la factura (%1).");
 inline const QString kReciboImporteNoNumero =
     QStringLiteral("El importe «%1» no es un número válido.");
 inline const QString kReciboImporteNoPositivo =
