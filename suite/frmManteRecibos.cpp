@@ -149,16 +149,21 @@ void frmManteRecibos::graba(const Cambio& c) {
     Conexion& cn = bd_.cn();
     // The invoice as stored now, under its series' lock: the edit of the
     // invoice rebuilds its pending receipts under the same lock, so the date
-    // and amounts checked here still hold at the commit.
-    const Recordset fav = cn.Execute(
-        QStringLiteral("SELECT Fav_Serie, Fav_Numero, Fav_Fecha, Fav_Liquido FROM Fav WHERE "
-                       "Fav_Id = ?"),
-        {idFactura_});
+    // and amounts checked here still hold at the commit. Read again once the
+    // lock is held: what was read before it may already be gone.
+    const QString sql = QStringLiteral(
+        "SELECT Fav_Serie, Fav_Numero, Fav_Fecha, Fav_Liquido FROM Fav WHERE Fav_Id = ?");
+    Recordset fav = cn.Execute(sql, {idFactura_});
+    if (!fav.Eof()) {
+        msBloqueaSerie(bd_, fav.Fields(0).Texto());
+        fav = cn.Execute(sql, {idFactura_});
+    }
     if (fav.Eof()) {
         yaNoPendiente_ = true;
         throw ErrorRegla(mensajes::kReciboNoPendiente);
     }
     const QString serie = fav.Fields(0).Texto();
+    // Moved to another series meanwhile: that one's lock too.
     msBloqueaSerie(bd_, serie);
     const QDate fechaFactura = fav.Fields(2).Fecha();
     if (fechaFactura.isValid() && c.vencimiento < fechaFactura) {
@@ -192,15 +197,15 @@ void frmManteRecibos::graba(const Cambio& c) {
 
     // The state is read again by the write itself: a receipt another user
     // remitted or collected since the load is not touched.
-    QString sql = QStringLiteral("UPDATE Rec SET Rec_FVto = ?, Rec_Sit = ?, Rec_Obser = ?");
+    QString actualiza = QStringLiteral("UPDATE Rec SET Rec_FVto = ?, Rec_Sit = ?, Rec_Obser = ?");
     QVariantList valores{bd_.dialecto().valorFecha(c.vencimiento), c.situacion, c.observaciones};
     if (cambiaImporte) {
-        sql += QStringLiteral(", Rec_Importe = ?");
+        actualiza += QStringLiteral(", Rec_Importe = ?");
         valores << c.importe;
     }
-    sql += QStringLiteral(" WHERE Rec_Id = ? AND Rec_Tipo = ? AND COALESCE(Rec_Sit, 1) = ?");
+    actualiza += QStringLiteral(" WHERE Rec_Id = ? AND Rec_Tipo = ? AND COALESCE(Rec_Sit, 1) = ?");
     valores << idRecibo_ << kTipoVenta << kPendiente;
-    cn.Execute(sql, valores);
+    cn.Execute(actualiza, valores);
     if (cn.RecordsAffected() == 0) {
         yaNoPendiente_ = true;
         throw ErrorRegla(mensajes::kReciboNoPendiente);
