@@ -55,6 +55,44 @@ QString cobroDe(const std::vector<Plazo>& plazos, qint16 nCompensa, const QStrin
 
 } // namespace
 
+QString NombreFactura(const QString& serie, qint32 numero) {
+    return serie.trimmed().isEmpty() ? QString::number(numero)
+                                     : serie.trimmed() + u'/' + QString::number(numero);
+}
+
+void InsertaRecibo(BdSesion& bd, const DatosRecibo& r) {
+    bd.Limpia();
+    bd.Tabla(QStringLiteral("Rec"));
+    BdCampos& c = bd.xlsCampos();
+    c.Add(QStringLiteral("Rec_Tipo"), TipoCampo::Numero, kTipoVenta);
+    c.Add(QStringLiteral("Rec_IdFac"), TipoCampo::Numero, r.idFactura);
+    c.Add(QStringLiteral("Rec_IdClPr"), TipoCampo::Numero, r.idCliente);
+    c.Add(QStringLiteral("Rec_Serie"), TipoCampo::Texto, r.serie);
+    c.Add(QStringLiteral("Rec_Numero"), TipoCampo::Numero, r.numero);
+    c.Add(QStringLiteral("Rec_FVto"), TipoCampo::Fecha, r.vencimiento);
+    c.Add(QStringLiteral("Rec_Importe"), TipoCampo::Importe, r.importe, 2);
+    c.Add(QStringLiteral("Rec_Cta"), TipoCampo::Texto, r.cta);
+    c.Add(QStringLiteral("Rec_CtaBanco"), TipoCampo::Texto, r.ctaBanco);
+    c.Add(QStringLiteral("Rec_Iban"), TipoCampo::Texto, r.iban);
+    c.Add(QStringLiteral("Rec_Swift"), TipoCampo::Texto, r.swift);
+    c.Add(QStringLiteral("Rec_Mod"), TipoCampo::Numero, r.modo);
+    c.Add(QStringLiteral("Rec_Sit"), TipoCampo::Numero, kPendiente);
+    c.Add(QStringLiteral("Rec_Age"), TipoCampo::Numero, r.agente);
+    c.Add(QStringLiteral("Rec_IdRem"), TipoCampo::Numero, 0);
+    c.Add(QStringLiteral("Rec_Cartera"), TipoCampo::Numero, r.cartera);
+    c.Add(QStringLiteral("Rec_Texto"), TipoCampo::Texto, r.texto);
+    c.Add(QStringLiteral("Rec_Obser"), TipoCampo::Texto, QString());
+    QString sMensaje;
+    if (!bd.Inserta(sMensaje)) {
+        const QString texto =
+            mensajes::kTesoreriaErrorRecibo.arg(NombreFactura(r.serie, r.numero), sMensaje);
+        if (const auto& e = bd.ErrorConstructor()) {
+            throw ErrorBd(texto, e->Detalle(), e->Clase());
+        }
+        throw ErrorBd(texto, ErrorBd::kBuilder);
+    }
+}
+
 void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
     sCobro_.clear();
     if (!MyBd) {
@@ -64,9 +102,7 @@ void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
         throw ErrorRegla(mensajes::kTesoreriaSinFactura);
     }
     const qint32 numero = NumeroFactura != 0 ? NumeroFactura : NumFactura;
-    const QString factura = SerieFactura.trimmed().isEmpty()
-                                ? QString::number(numero)
-                                : SerieFactura.trimmed() + u'/' + QString::number(numero);
+    const QString factura = NombreFactura(SerieFactura, numero);
     if (!FechaFactura.isValid()) {
         throw ErrorRegla(mensajes::kTesoreriaSinFecha.arg(factura));
     }
@@ -116,37 +152,23 @@ void TesoreriaIncorporada::Calculo_Vtos_Factura(qint16 nCompensa) {
     }
     const QString texto = piezas.join(u'#');
 
+    DatosRecibo r;
+    r.idFactura = idfactura;
+    r.idCliente = IdCliente;
+    r.serie = SerieFactura;
+    r.numero = numero;
+    r.cta = CtaCobroCliente;
+    r.ctaBanco = CtaBancoAsignado;
+    r.iban = sIban;
+    r.swift = sSwift;
+    r.agente = Idagente.value_or(0);
+    r.cartera = bCartera;
+    r.texto = texto;
     for (const Vencimiento& v : vtos) {
-        MyBd->Limpia();
-        MyBd->Tabla(QStringLiteral("Rec"));
-        BdCampos& c = MyBd->xlsCampos();
-        c.Add(QStringLiteral("Rec_Tipo"), TipoCampo::Numero, kTipoVenta);
-        c.Add(QStringLiteral("Rec_IdFac"), TipoCampo::Numero, idfactura);
-        c.Add(QStringLiteral("Rec_IdClPr"), TipoCampo::Numero, IdCliente);
-        c.Add(QStringLiteral("Rec_Serie"), TipoCampo::Texto, SerieFactura);
-        c.Add(QStringLiteral("Rec_Numero"), TipoCampo::Numero, numero);
-        c.Add(QStringLiteral("Rec_FVto"), TipoCampo::Fecha, v.fecha);
-        c.Add(QStringLiteral("Rec_Importe"), TipoCampo::Importe, v.importe, 2);
-        c.Add(QStringLiteral("Rec_Cta"), TipoCampo::Texto, CtaCobroCliente);
-        c.Add(QStringLiteral("Rec_CtaBanco"), TipoCampo::Texto, CtaBancoAsignado);
-        c.Add(QStringLiteral("Rec_Iban"), TipoCampo::Texto, sIban);
-        c.Add(QStringLiteral("Rec_Swift"), TipoCampo::Texto, sSwift);
-        c.Add(QStringLiteral("Rec_Mod"), TipoCampo::Numero, v.modo);
-        c.Add(QStringLiteral("Rec_Sit"), TipoCampo::Numero, kPendiente);
-        c.Add(QStringLiteral("Rec_Age"), TipoCampo::Numero, Idagente.value_or(0));
-        c.Add(QStringLiteral("Rec_IdRem"), TipoCampo::Numero, 0);
-        c.Add(QStringLiteral("Rec_Cartera"), TipoCampo::Numero, bCartera);
-        c.Add(QStringLiteral("Rec_Texto"), TipoCampo::Texto, texto);
-        c.Add(QStringLiteral("Rec_Obser"), TipoCampo::Texto, QString());
-        QString sMensaje;
-        if (!MyBd->Inserta(sMensaje)) {
-            if (const auto& e = MyBd->ErrorConstructor()) {
-                throw ErrorBd(mensajes::kTesoreriaErrorRecibo.arg(factura, sMensaje), e->Detalle(),
-                              e->Clase());
-            }
-            throw ErrorBd(mensajes::kTesoreriaErrorRecibo.arg(factura, sMensaje),
-                          ErrorBd::kBuilder);
-        }
+        r.vencimiento = v.fecha;
+        r.importe = v.importe;
+        r.modo = v.modo;
+        InsertaRecibo(*MyBd, r);
     }
 }
 

@@ -4,7 +4,12 @@
 
 #include "Tesoreria.h"
 
+#include <QDate>
 #include <QString>
+
+namespace vk {
+class BdSesion;
+}
 
 namespace vk::suite {
 
@@ -14,6 +19,33 @@ inline constexpr int kModoTarjeta = 7;
 inline const QString kDescripcionTarjeta = QStringLiteral("Tarjeta");
 // Screen of the maintenance of one receipt.
 inline const QString kPantallaRecibos = QStringLiteral("frmManteRecibos");
+
+// A new receipt of a sales invoice: the columns every receipt carries.
+struct DatosRecibo {
+    qint32 idFactura = 0;
+    qint32 idCliente = 0;
+    QString serie;
+    qint32 numero = 0;
+    QDate vencimiento;
+    double importe = 0;
+    QString cta;      // the customer's collection account
+    QString ctaBanco; // the bank given for the collection
+    QString iban;
+    QString swift;
+    qint32 modo = 0; // Situaciones process 2
+    qint32 agente = 0;
+    bool cartera = false;
+    QString texto; // what the invoice prints as its way of payment
+};
+
+// "A/17", or the number alone for an invoice without series: how messages
+// name an invoice.
+QString NombreFactura(const QString& serie, qint32 numero);
+
+// Writes `r` as a pending receipt of sales (Rec_Tipo 1, Rec_Sit 1, no
+// remittance, no remarks) in the caller's transaction. Throws ErrorBd, naming
+// the invoice, when it cannot be written.
+void InsertaRecibo(BdSesion& bd, const DatosRecibo& r);
 
 class TesoreriaIncorporada : public VKTESORE {
 public:

@@ -5,6 +5,7 @@
 #include "VistaEmisionFacturas.h"
 #include "VistaFacturasVenta.h"
 #include "VistaIniFav.h"
+#include "VistaManteRecibos.h"
 #include "VistaTramo.h"
 #include "VistaVisor.h"
 
@@ -16,6 +17,7 @@
 #include <frmEmisionFacturas.h>
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
+#include <frmManteRecibos.h>
 #include <frmTramo.h>
 #include <frmVisor.h>
 #include <map>
@@ -84,6 +86,13 @@ std::unique_ptr<frmTramo> creaTramo(VKFACVENTAS& f, const QVariantMap& a) {
     return std::make_unique<frmTramo>(f.MyBd(), a.value(QStringLiteral("idTramo")).toInt(),
                                       a.value(QStringLiteral("idLav")).toInt());
 }
+// The treasury's receipt maintenance: the receipt and whether it is opened
+// from a collection, as jManteRecibos asks.
+std::unique_ptr<suite::frmManteRecibos> creaManteRecibos(VKFACVENTAS& f, const QVariantMap& a) {
+    return std::make_unique<suite::frmManteRecibos>(f.MyBd(),
+                                                    a.value(QStringLiteral("idRecibo")).toInt(),
+                                                    a.value(QStringLiteral("bCobPag")).toBool());
+}
 
 } // namespace
 
@@ -110,6 +119,7 @@ const VistaPantalla* BuscaVistaPantalla(const QString& nombre) {
                                                               creaEdicionFacturas),
         pantallaCon<frmAlbaranVenta, VistaAlbaranVenta>("frmAlbaranVenta", creaAlbaranVenta),
         pantallaCon<frmTramo, VistaTramo>("frmTramo", creaTramo),
+        pantallaCon<suite::frmManteRecibos, VistaManteRecibos>("frmManteRecibos", creaManteRecibos),
     };
     const auto v = vistas.find(nombre);
     return v == vistas.end() ? nullptr : &v->second;
