@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -77,6 +78,20 @@ void PonTexto(QLineEdit* caja, const QString& texto) {
     if (caja->text() != texto) {
         caja->setText(texto);
     }
+}
+
+QTableWidgetItem* NuevaCelda(const QString& texto, bool numero) {
+    auto* item = new QTableWidgetItem(texto);
+    if (numero) {
+        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    return item;
+}
+
+QLabel* NuevaEtiqueta(QWidget* padre, const QString& texto, QWidget* companero) {
+    auto* l = new QLabel(texto, padre);
+    l->setBuddy(companero);
+    return l;
 }
 
 bool TeclaFormulario(QDialog& dialogo, const QKeyEvent& evento) {

@@ -9,6 +9,8 @@
 class QAbstractItemModel;
 class QDialog;
 class QKeyEvent;
+class QLabel;
+class QTableWidgetItem;
 class QLineEdit;
 class QPushButton;
 class QCheckBox;
@@ -30,6 +32,11 @@ QTableWidget* NuevaRejilla(QWidget* padre, const QString& nombre, const QStringL
 // The same grid over a model, which gives its headers: for lists too long
 // to hold an item per cell.
 QTableView* NuevaRejilla(QWidget* padre, const QString& nombre, QAbstractItemModel* modelo);
+
+// A cell of a read-only grid; a number is aligned to the right.
+QTableWidgetItem* NuevaCelda(const QString& texto, bool numero = false);
+// A label that gives the focus to its field (its "&" key).
+QLabel* NuevaEtiqueta(QWidget* padre, const QString& texto, QWidget* companero = nullptr);
 
 // Money as the grids show it.
 inline const QString kMascaraImporte = QStringLiteral("#,###,##0.00");

@@ -33,20 +33,6 @@ namespace {
 
 using Boton = frmEdicionFacturas::Boton;
 
-QTableWidgetItem* celda(const QString& texto, bool numero = false) {
-    auto* item = new QTableWidgetItem(texto);
-    if (numero) {
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    }
-    return item;
-}
-
-QLabel* etiqueta(QWidget* padre, const QString& texto, QWidget* companero) {
-    auto* l = new QLabel(texto, padre);
-    l->setBuddy(companero);
-    return l;
-}
-
 QComboBox* nuevoCombo(QWidget* padre, const QString& nombre) {
     auto* c = new QComboBox(padre);
     c->setObjectName(nombre);
@@ -90,9 +76,9 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
                               QStringLiteral("Última factura de la serie (Ctrl+Fin)")};
     const Boton botones[] = {Boton::Primera, Boton::Anterior, Boton::Siguiente, Boton::Ultima};
     auto* cabecera = new QHBoxLayout;
-    cabecera->addWidget(etiqueta(this, QStringLiteral("Serie"), Text1_[0]));
+    cabecera->addWidget(NuevaEtiqueta(this, QStringLiteral("Serie"), Text1_[0]));
     cabecera->addWidget(Text1_[0]);
-    cabecera->addWidget(etiqueta(this, QStringLiteral("Número"), Text1_[1]));
+    cabecera->addWidget(NuevaEtiqueta(this, QStringLiteral("Número"), Text1_[1]));
     cabecera->addWidget(Text1_[1]);
     for (int i = 0; i < 4; ++i) {
         QPushButton* b = NuevoBoton(this, NombreControl(QStringLiteral("cmdNav"), i), flechas[i]);
@@ -106,7 +92,7 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
                          [this, boton] { orden([this, boton] { modelo_.cmdNav(boton); }); });
     }
     cabecera->addSpacing(12);
-    cabecera->addWidget(etiqueta(this, QStringLiteral("Fecha"), Text1_[2]));
+    cabecera->addWidget(NuevaEtiqueta(this, QStringLiteral("Fecha"), Text1_[2]));
     cabecera->addWidget(Text1_[2]);
     cabecera->addSpacing(12);
     lblCliente_ = nuevaEtiqueta(this, QStringLiteral("lblCliente"));
@@ -115,7 +101,7 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     cabecera->addWidget(lblCliente_, 1);
     cboSeries_ = nuevoCombo(this, QStringLiteral("cboSeries"));
     cboSeries_->setToolTip(QStringLiteral("Serie a la que pasa la factura al actualizarla"));
-    cabecera->addWidget(etiqueta(this, QStringLiteral("Cambiar a serie"), cboSeries_));
+    cabecera->addWidget(NuevaEtiqueta(this, QStringLiteral("Cambiar a serie"), cboSeries_));
     cabecera->addWidget(cboSeries_);
     XPButton2_ = NuevoBoton(this, QStringLiteral("XPButton2"), QStringLiteral("Cambiar cliente"));
     cabecera->addWidget(XPButton2_);
@@ -160,42 +146,44 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     lblCliObs_ = nuevaEtiqueta(Frame2_, QStringLiteral("lblCliObs"));
     lblCliObs_->setWordWrap(true);
     lblCliObs_->setStyleSheet(QStringLiteral("color: #8a1c1c;"));
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Vía"), cboTipoVia_), 0, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Vía"), cboTipoVia_), 0, 0);
     gDatos->addWidget(cboTipoVia_, 0, 1);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Calle"), Text1_[23]), 0, 2);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Calle"), Text1_[23]), 0, 2);
     gDatos->addWidget(Text1_[23], 0, 3, 1, 5);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Nº"), Text1_[18]), 1, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Nº"), Text1_[18]), 1, 0);
     gDatos->addWidget(Text1_[18], 1, 1);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Esc."), Text1_[16]), 1, 2);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Esc."), Text1_[16]), 1, 2);
     gDatos->addWidget(Text1_[16], 1, 3);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Piso"), Text1_[15]), 1, 4);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Piso"), Text1_[15]), 1, 4);
     gDatos->addWidget(Text1_[15], 1, 5);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Puerta"), Text1_[14]), 1, 6);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Puerta"), Text1_[14]), 1, 6);
     gDatos->addWidget(Text1_[14], 1, 7);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("C.P."), Text1_[21]), 2, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("C.P."), Text1_[21]), 2, 0);
     gDatos->addWidget(Text1_[21], 2, 1);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Población"), Text1_[19]), 2, 2);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Población"), Text1_[19]), 2, 2);
     gDatos->addWidget(Text1_[19], 2, 3, 1, 5);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Provincia"), cboProvincias_), 3, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Provincia"), cboProvincias_), 3, 0);
     gDatos->addWidget(cboProvincias_, 3, 1, 1, 3);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("País"), cboPais_), 3, 4);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("País"), cboPais_), 3, 4);
     gDatos->addWidget(cboPais_, 3, 5, 1, 3);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Forma de cobro"), cboFpago_), 4, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Forma de cobro"), cboFpago_), 4, 0);
     gDatos->addWidget(cboFpago_, 4, 1, 1, 4);
     gDatos->addWidget(cmdDir, 4, 5, 1, 3);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Dto1"), Text1_[20]), 5, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Dto1"), Text1_[20]), 5, 0);
     gDatos->addWidget(Text1_[20], 5, 1);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Dto2"), Text1_[22]), 5, 2);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Dto2"), Text1_[22]), 5, 2);
     gDatos->addWidget(Text1_[22], 5, 3);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Cta. compensación"), Text1_[27]), 6, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Cta. compensación"), Text1_[27]), 6,
+                      0);
     gDatos->addWidget(Text1_[27], 6, 1, 1, 3);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("A/A: "), Text1_[24]), 7, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("A/A: "), Text1_[24]), 7, 0);
     gDatos->addWidget(Text1_[24], 7, 1, 1, 7);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Ret. no fiscal %"), txtRetencionNF_), 8, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Ret. no fiscal %"), txtRetencionNF_),
+                      8, 0);
     gDatos->addWidget(txtRetencionNF_, 8, 1);
     gDatos->addWidget(Option1_[0], 8, 2, 1, 2);
     gDatos->addWidget(Option1_[1], 8, 4, 1, 2);
-    gDatos->addWidget(etiqueta(Frame2_, QStringLiteral("Observaciones"), txtFavObs_), 9, 0,
+    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Observaciones"), txtFavObs_), 9, 0,
                       Qt::AlignTop);
     gDatos->addWidget(txtFavObs_, 9, 1, 1, 7);
     gDatos->addWidget(XPButton1, 10, 1, 1, 7, Qt::AlignLeft);
@@ -241,7 +229,7 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
                                                 QStringLiteral("Buscar Albaranes"));
     QPushButton* cmdEditar =
         NuevoBoton(Frame3_, QStringLiteral("cmdEditar"), QStringLiteral("Editar Albaran"));
-    capaNota->addWidget(etiqueta(Frame3_, QStringLiteral("Albarán"), Text1_[5]));
+    capaNota->addWidget(NuevaEtiqueta(Frame3_, QStringLiteral("Albarán"), Text1_[5]));
     capaNota->addWidget(Text1_[5]);
     capaNota->addWidget(Text1_[6]);
     capaNota->addWidget(cmdAnadir);
@@ -304,7 +292,7 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
         caja->setAlignment(Qt::AlignRight);
         caja->setMinimumWidth(80);
         QLabel* l =
-            totales[c].caja == 13 ? lblRetencion_ : etiqueta(Frame5_, totales[c].texto, caja);
+            totales[c].caja == 13 ? lblRetencion_ : NuevaEtiqueta(Frame5_, totales[c].texto, caja);
         l->setBuddy(caja);
         gTotales->addWidget(l, 0, c);
         gTotales->addWidget(caja, 1, c);
@@ -643,12 +631,14 @@ void VistaEdicionFacturas::rellenaAlbaranes() {
     dbgAlbaranes_->setRowCount(static_cast<int>(modelo_.dbgAlbaranes.size()));
     int r = 0;
     for (const LineaAlbaranFactura& l : modelo_.dbgAlbaranes) {
-        dbgAlbaranes_->setItem(r, 0, celda(l.albaran));
-        dbgAlbaranes_->setItem(r, 1, celda(Format(l.Cav_Fecha, QStringLiteral("dd/mm/yyyy"))));
-        dbgAlbaranes_->setItem(r, 2, celda(l.Lav_Des.trimmed()));
-        dbgAlbaranes_->setItem(r, 3, celda(Format(l.Lav_Cantidad, QStringLiteral("#0.00")), true));
-        dbgAlbaranes_->setItem(r, 4, celda(Format(l.Lav_Precio, QStringLiteral("#,##0.00")), true));
-        dbgAlbaranes_->setItem(r, 5, celda(Format(l.Lav_Importe, kMascaraImporte), true));
+        dbgAlbaranes_->setItem(r, 0, NuevaCelda(l.albaran));
+        dbgAlbaranes_->setItem(r, 1, NuevaCelda(Format(l.Cav_Fecha, QStringLiteral("dd/mm/yyyy"))));
+        dbgAlbaranes_->setItem(r, 2, NuevaCelda(l.Lav_Des.trimmed()));
+        dbgAlbaranes_->setItem(r, 3,
+                               NuevaCelda(Format(l.Lav_Cantidad, QStringLiteral("#0.00")), true));
+        dbgAlbaranes_->setItem(r, 4,
+                               NuevaCelda(Format(l.Lav_Precio, QStringLiteral("#,##0.00")), true));
+        dbgAlbaranes_->setItem(r, 5, NuevaCelda(Format(l.Lav_Importe, kMascaraImporte), true));
         ++r;
     }
     const int fila = modelo_.filaAlbaran;
@@ -663,14 +653,14 @@ void VistaEdicionFacturas::rellenaRecibos() {
     dbgRecibos_->setRowCount(static_cast<int>(modelo_.dbgRecibos.size()));
     int r = 0;
     for (const ReciboFactura& rec : modelo_.dbgRecibos) {
-        dbgRecibos_->setItem(r, 0, celda(Format(rec.Rec_Fvto, QStringLiteral("dd/mm/yyyy"))));
-        QTableWidgetItem* modalidad = celda(rec.Modalidad.trimmed());
+        dbgRecibos_->setItem(r, 0, NuevaCelda(Format(rec.Rec_Fvto, QStringLiteral("dd/mm/yyyy"))));
+        QTableWidgetItem* modalidad = NuevaCelda(rec.Modalidad.trimmed());
         // The bank account would crowd the grid; it shows on hovering.
         modalidad->setToolTip(rec.ccc);
         dbgRecibos_->setItem(r, 1, modalidad);
-        dbgRecibos_->setItem(r, 2, celda(rec.Situacion.trimmed()));
-        dbgRecibos_->setItem(r, 3, celda(Format(rec.Rec_Importe, kMascaraImporte), true));
-        dbgRecibos_->setItem(r, 4, celda(rec.Rec_Obser.trimmed()));
+        dbgRecibos_->setItem(r, 2, NuevaCelda(rec.Situacion.trimmed()));
+        dbgRecibos_->setItem(r, 3, NuevaCelda(Format(rec.Rec_Importe, kMascaraImporte), true));
+        dbgRecibos_->setItem(r, 4, NuevaCelda(rec.Rec_Obser.trimmed()));
         ++r;
     }
 }

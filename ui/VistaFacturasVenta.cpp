@@ -28,24 +28,6 @@
 
 namespace vk::ui {
 
-namespace {
-
-QTableWidgetItem* celda(const QString& texto, bool numero = false) {
-    auto* item = new QTableWidgetItem(texto);
-    if (numero) {
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    }
-    return item;
-}
-
-QLabel* etiqueta(QWidget* padre, const QString& texto, QWidget* companero) {
-    auto* l = new QLabel(texto, padre);
-    l->setBuddy(companero);
-    return l;
-}
-
-} // namespace
-
 VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     : QDialog(padre), modelo_(modelo) {
     setObjectName(QStringLiteral("frmFacturasVenta"));
@@ -86,14 +68,14 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     Text1_[4]->setMaximumWidth(60);
     QPushButton* cmdBuscar = NuevoBoton(marcoFiltro, QStringLiteral("cmdBuscar"),
                                         QStringLiteral("&Buscar Albaranes facturables"));
-    gFiltro->addWidget(etiqueta(marcoFiltro, QStringLiteral("Cliente"), Text1_[0]), 0, 0);
+    gFiltro->addWidget(NuevaEtiqueta(marcoFiltro, QStringLiteral("Cliente"), Text1_[0]), 0, 0);
     gFiltro->addWidget(Text1_[0], 0, 1);
     gFiltro->addWidget(Text1_[1], 0, 2, 1, 5);
-    gFiltro->addWidget(etiqueta(marcoFiltro, QStringLiteral("Desde Fecha"), Text1_[2]), 1, 0);
+    gFiltro->addWidget(NuevaEtiqueta(marcoFiltro, QStringLiteral("Desde Fecha"), Text1_[2]), 1, 0);
     gFiltro->addWidget(Text1_[2], 1, 1);
-    gFiltro->addWidget(etiqueta(marcoFiltro, QStringLiteral("Hasta Fecha"), Text1_[3]), 1, 2);
+    gFiltro->addWidget(NuevaEtiqueta(marcoFiltro, QStringLiteral("Hasta Fecha"), Text1_[3]), 1, 2);
     gFiltro->addWidget(Text1_[3], 1, 3);
-    gFiltro->addWidget(etiqueta(marcoFiltro, QStringLiteral("Serie Alb."), Text1_[4]), 1, 4);
+    gFiltro->addWidget(NuevaEtiqueta(marcoFiltro, QStringLiteral("Serie Alb."), Text1_[4]), 1, 4);
     gFiltro->addWidget(Text1_[4], 1, 5);
     gFiltro->addWidget(Check_[1], 2, 0, 1, 3);
     gFiltro->addWidget(chkGroupAgentes_, 2, 3, 1, 3);
@@ -154,17 +136,20 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     cboFpago_->setObjectName(QStringLiteral("cboFpago"));
     cboDir_ = new QComboBox(marcoFactura);
     cboDir_->setObjectName(QStringLiteral("cboDir"));
-    gFactura->addWidget(etiqueta(marcoFactura, QStringLiteral("Serie"), Text1_[5]), 0, 0);
+    gFactura->addWidget(NuevaEtiqueta(marcoFactura, QStringLiteral("Serie"), Text1_[5]), 0, 0);
     gFactura->addWidget(Text1_[5], 0, 1);
-    gFactura->addWidget(etiqueta(marcoFactura, QStringLiteral("Fecha Factura"), Text1_[6]), 0, 2);
+    gFactura->addWidget(NuevaEtiqueta(marcoFactura, QStringLiteral("Fecha Factura"), Text1_[6]), 0,
+                        2);
     gFactura->addWidget(Text1_[6], 0, 3);
-    gFactura->addWidget(etiqueta(marcoFactura, QStringLiteral("Forma de cobro"), cboFpago_), 1, 0);
+    gFactura->addWidget(NuevaEtiqueta(marcoFactura, QStringLiteral("Forma de cobro"), cboFpago_), 1,
+                        0);
     gFactura->addWidget(cboFpago_, 1, 1, 1, 3);
-    gFactura->addWidget(etiqueta(marcoFactura, QStringLiteral("Direccion"), cboDir_), 2, 0);
+    gFactura->addWidget(NuevaEtiqueta(marcoFactura, QStringLiteral("Direccion"), cboDir_), 2, 0);
     gFactura->addWidget(cboDir_, 2, 1, 1, 3);
-    gFactura->addWidget(etiqueta(marcoFactura, QStringLiteral("A/A: "), Text1_[14]), 3, 0);
+    gFactura->addWidget(NuevaEtiqueta(marcoFactura, QStringLiteral("A/A: "), Text1_[14]), 3, 0);
     gFactura->addWidget(Text1_[14], 3, 1, 1, 3);
-    gFactura->addWidget(etiqueta(marcoFactura, QStringLiteral("Observaciones"), Text1_[7]), 4, 0);
+    gFactura->addWidget(NuevaEtiqueta(marcoFactura, QStringLiteral("Observaciones"), Text1_[7]), 4,
+                        0);
     gFactura->addWidget(Text1_[7], 4, 1, 1, 3);
     gFactura->addWidget(Check_[2], 5, 0, 1, 4);
     lblCliObs_ = new QLabel(marcoFactura);
@@ -178,9 +163,9 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     auto* gDtos = new QGridLayout(Frame4_);
     Text1_[8]->setMaximumWidth(70);
     Text1_[9]->setMaximumWidth(70);
-    gDtos->addWidget(etiqueta(Frame4_, QStringLiteral("Dto1"), Text1_[8]), 0, 0);
+    gDtos->addWidget(NuevaEtiqueta(Frame4_, QStringLiteral("Dto1"), Text1_[8]), 0, 0);
     gDtos->addWidget(Text1_[8], 0, 1);
-    gDtos->addWidget(etiqueta(Frame4_, QStringLiteral("Dto2"), Text1_[9]), 1, 0);
+    gDtos->addWidget(NuevaEtiqueta(Frame4_, QStringLiteral("Dto2"), Text1_[9]), 1, 0);
     gDtos->addWidget(Text1_[9], 1, 1);
     gDtos->addWidget(Check_[5], 2, 0, 1, 2);
 
@@ -198,11 +183,11 @@ VistaFacturasVenta::VistaFacturasVenta(frmFacturasVenta& modelo, QWidget* padre)
     Text1_[11]->setMaximumWidth(50);
     QPushButton* cmdImpresoras = NuevoBoton(marcoSalida, QStringLiteral("cmdImpresoras"),
                                             QStringLiteral("Cambiar Impresora"));
-    gSalida->addWidget(etiqueta(marcoSalida, QStringLiteral("Impresora por defecto"), Text1_[10]),
-                       1, 0);
+    gSalida->addWidget(
+        NuevaEtiqueta(marcoSalida, QStringLiteral("Impresora por defecto"), Text1_[10]), 1, 0);
     gSalida->addWidget(Text1_[10], 1, 1, 1, 2);
     gSalida->addWidget(cmdImpresoras, 2, 1, 1, 2);
-    gSalida->addWidget(etiqueta(marcoSalida, QStringLiteral("Nº Copias"), Text1_[11]), 3, 0);
+    gSalida->addWidget(NuevaEtiqueta(marcoSalida, QStringLiteral("Nº Copias"), Text1_[11]), 3, 0);
     gSalida->addWidget(Text1_[11], 3, 1);
     gSalida->addWidget(Check_[3], 4, 0, 1, 3);
 
@@ -426,10 +411,10 @@ void VistaFacturasVenta::rellenaLineas() {
             const QVariant v = filas.Fields(nombre).Value();
             const bool numero = columnas[c].mascara != nullptr;
             dbgLineas_->setItem(r, c,
-                                celda(numero && !v.isNull()
-                                          ? Format(v, QString::fromLatin1(columnas[c].mascara))
-                                          : TextoCelda(v),
-                                      numero));
+                                NuevaCelda(numero && !v.isNull()
+                                               ? Format(v, QString::fromLatin1(columnas[c].mascara))
+                                               : TextoCelda(v),
+                                           numero));
         }
     }
 }

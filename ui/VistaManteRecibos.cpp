@@ -25,20 +25,6 @@ QLabel* nuevaEtiqueta(QWidget* padre, const QString& nombre) {
     return l;
 }
 
-QLabel* etiqueta(QWidget* padre, const QString& texto, QWidget* companero = nullptr) {
-    auto* l = new QLabel(texto, padre);
-    l->setBuddy(companero);
-    return l;
-}
-
-QTableWidgetItem* celda(const QString& texto, bool numero = false) {
-    auto* item = new QTableWidgetItem(texto);
-    if (numero) {
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    }
-    return item;
-}
-
 } // namespace
 
 VistaManteRecibos::VistaManteRecibos(suite::frmManteRecibos& modelo, QWidget* padre)
@@ -71,23 +57,23 @@ VistaManteRecibos::VistaManteRecibos(suite::frmManteRecibos& modelo, QWidget* pa
 
     auto* datos = new QGridLayout;
     int f = 0;
-    datos->addWidget(etiqueta(this, QStringLiteral("Factura")), f, 0);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("Factura")), f, 0);
     datos->addWidget(lblFactura_, f, 1);
-    datos->addWidget(etiqueta(this, QStringLiteral("Fecha")), f, 2);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("Fecha")), f, 2);
     datos->addWidget(lblFechaFactura_, f++, 3);
-    datos->addWidget(etiqueta(this, QStringLiteral("Cliente")), f, 0);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("Cliente")), f, 0);
     datos->addWidget(lblCliente_, f++, 1, 1, 3);
-    datos->addWidget(etiqueta(this, QStringLiteral("Modalidad")), f, 0);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("Modalidad")), f, 0);
     datos->addWidget(lblModalidad_, f++, 1, 1, 3);
-    datos->addWidget(etiqueta(this, QStringLiteral("Cuenta")), f, 0);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("Cuenta")), f, 0);
     datos->addWidget(lblCuenta_, f++, 1, 1, 3);
-    datos->addWidget(etiqueta(this, QStringLiteral("&Vencimiento"), txtFVto_), f, 0);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("&Vencimiento"), txtFVto_), f, 0);
     datos->addWidget(txtFVto_, f++, 1);
-    datos->addWidget(etiqueta(this, QStringLiteral("&Importe"), txtImporte_), f, 0);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("&Importe"), txtImporte_), f, 0);
     datos->addWidget(txtImporte_, f++, 1);
-    datos->addWidget(etiqueta(this, QStringLiteral("&Situación"), cboSituacion_), f, 0);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("&Situación"), cboSituacion_), f, 0);
     datos->addWidget(cboSituacion_, f++, 1);
-    datos->addWidget(etiqueta(this, QStringLiteral("&Observaciones"), txtObser_), f, 0);
+    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("&Observaciones"), txtObser_), f, 0);
     datos->addWidget(txtObser_, f++, 1, 1, 3);
     datos->setColumnStretch(3, 1);
 
@@ -101,7 +87,7 @@ VistaManteRecibos::VistaManteRecibos(suite::frmManteRecibos& modelo, QWidget* pa
 
     auto* capa = new QVBoxLayout(this);
     capa->addLayout(datos);
-    capa->addWidget(etiqueta(this, QStringLiteral("Otros recibos de la factura")));
+    capa->addWidget(NuevaEtiqueta(this, QStringLiteral("Otros recibos de la factura")));
     capa->addWidget(dbgRecibos_, 1);
     capa->addLayout(botones);
 
@@ -148,9 +134,9 @@ void VistaManteRecibos::refresca() {
     dbgRecibos_->setRowCount(static_cast<int>(modelo_.dbgRecibos.size()));
     int r = 0;
     for (const suite::OtroRecibo& o : modelo_.dbgRecibos) {
-        dbgRecibos_->setItem(r, 0, celda(Format(o.Rec_FVto, QStringLiteral("dd/mm/yyyy"))));
-        dbgRecibos_->setItem(r, 1, celda(o.Situacion));
-        dbgRecibos_->setItem(r, 2, celda(Format(o.Rec_Importe, kMascaraImporte), true));
+        dbgRecibos_->setItem(r, 0, NuevaCelda(Format(o.Rec_FVto, QStringLiteral("dd/mm/yyyy"))));
+        dbgRecibos_->setItem(r, 1, NuevaCelda(o.Situacion));
+        dbgRecibos_->setItem(r, 2, NuevaCelda(Format(o.Rec_Importe, kMascaraImporte), true));
         ++r;
     }
 
