@@ -282,6 +282,17 @@ void frmEdicionFacturas::Text1_1_LostFocus() {
     }
 }
 
+bool frmEdicionFacturas::sigueExistiendo() {
+    if (!bd_.cn()
+             .Execute(QStringLiteral("SELECT 1 FROM Fav WHERE Fav_Id = ?"), {idFactura_})
+             .Eof()) {
+        return true;
+    }
+    ultimaOrdenFallida = true;
+    Ui().Mensaje(mensajes::kFacturaInexistente, Icono::Aviso, mensajes::kAccionCancelada);
+    return false;
+}
+
 QDate frmEdicionFacturas::fechaMostrada() const {
     return fnLeeFecha(Text1[2]);
 }

@@ -170,6 +170,9 @@ private:
     // command marked failed.
     bool intenta(const std::function<void()>& paso);
     QDate fechaMostrada() const;
+    // False, after saying "Factura Inexistente", when another user deleted
+    // the invoice shown.
+    bool sigueExistiendo();
     // cmdDir's lookup and the boxes it fills.
     void msOtraDireccion();
     // The suite's transport class on this session.

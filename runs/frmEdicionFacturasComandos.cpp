@@ -165,6 +165,9 @@ void frmEdicionFacturas::cmdBorrar() {
         return;
     }
     // Refused before any question: only the last number of a series goes.
+    if (!sigueExistiendo()) {
+        return;
+    }
     if (!fnEsUltimaDeSerie(bd_, idFactura_)) {
         ultimaOrdenFallida = true;
         Ui().Mensaje(mensajes::kSoloUltimoNumero, Icono::Aviso, Caption);

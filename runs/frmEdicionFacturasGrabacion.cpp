@@ -141,6 +141,9 @@ void frmEdicionFacturas::cmdActualiza() {
     if (!intenta([&] { e = edicionMostrada(); })) {
         return;
     }
+    if (!sigueExistiendo()) {
+        return;
+    }
     const QDate fecha = e.fecha.value_or(cargada_.FechaFactura);
     if (e.serie) {
         if (!fnEsUltimaDeSerie(bd_, idFactura_)) {
