@@ -21,7 +21,8 @@ public:
     virtual QString Nombre() const = 0;
 };
 
-// What the lookup list shows: rows of id, code and name.
+// What the lookup list shows: rows of id, code and name, and any further
+// columns after them.
 struct PeticionBusca {
     QString titulo;
     QString columna; // column searched and sorted on
@@ -31,6 +32,9 @@ struct PeticionBusca {
     int anchoNombre = 0;
     QStringList columnas;
     std::vector<std::vector<QVariant>> filas;
+    // False keeps the rows in the order given (newest first, say) instead of
+    // sorting them on the searched column.
+    bool ordenar = true;
 };
 
 class Interaccion {

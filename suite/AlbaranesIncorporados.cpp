@@ -34,9 +34,9 @@ AlbaranesIncorporados::BuscaAlbaranesCliente(qint32 idCliente) {
         {idCliente, kPendiente});
     PeticionBusca p;
     p.titulo = mensajes::kTituloAlbaranesPendientes;
-    // Searching on the series keeps the newest-first order within each one
-    // (the list sorts stably on the searched column).
+    // The box filters on the series; the rows stay newest first.
     p.columna = QStringLiteral("Serie");
+    p.ordenar = false;
     p.cabeceraCodigo = QStringLiteral("Serie");
     p.cabeceraNombre = QStringLiteral("Número");
     p.anchoCodigo = 1000;

@@ -45,8 +45,13 @@ DialogoBusca::DialogoBusca(const PeticionBusca& peticion, QWidget* padre)
     auto* etiqueta = new QLabel(QStringLiteral("Buscar:"), this);
     busca_ = NuevaCaja(this, QStringLiteral("txtBusca"));
     etiqueta->setBuddy(busca_);
-    lista_ = NuevaRejilla(this, QStringLiteral("lstBusca"),
-                          {peticion.cabeceraCodigo, peticion.cabeceraNombre});
+    // Code and name, then whatever further columns the rows bring.
+    QStringList cabeceras{peticion.cabeceraCodigo, peticion.cabeceraNombre};
+    for (qsizetype c = 3; c < peticion.columnas.size(); ++c) {
+        cabeceras << peticion.columnas[c];
+    }
+    const auto visibles = static_cast<int>(cabeceras.size());
+    lista_ = NuevaRejilla(this, QStringLiteral("lstBusca"), cabeceras);
     capa->addWidget(etiqueta);
     capa->addWidget(busca_);
     capa->addWidget(lista_);
@@ -54,14 +59,16 @@ DialogoBusca::DialogoBusca(const PeticionBusca& peticion, QWidget* padre)
     std::vector<int> orden(peticion.filas.size());
     std::iota(orden.begin(), orden.end(), 0);
     const int columnaOrden = columnaBusca_ + 1;
-    std::stable_sort(orden.begin(), orden.end(), [&](int a, int b) {
-        return QString::localeAwareCompare(texto(peticion.filas[a], columnaOrden),
-                                           texto(peticion.filas[b], columnaOrden)) < 0;
-    });
+    if (peticion.ordenar) {
+        std::stable_sort(orden.begin(), orden.end(), [&](int a, int b) {
+            return QString::localeAwareCompare(texto(peticion.filas[a], columnaOrden),
+                                               texto(peticion.filas[b], columnaOrden)) < 0;
+        });
+    }
     lista_->setRowCount(static_cast<int>(orden.size()));
     for (int r = 0; r < static_cast<int>(orden.size()); ++r) {
         const auto& fila = peticion.filas[orden[r]];
-        for (int c = 0; c < 2; ++c) {
+        for (int c = 0; c < visibles; ++c) {
             auto* item = new QTableWidgetItem(texto(fila, c + 1).trimmed());
             item->setData(Qt::UserRole, orden[r]);
             lista_->setItem(r, c, item);
@@ -71,8 +78,9 @@ DialogoBusca::DialogoBusca(const PeticionBusca& peticion, QWidget* padre)
     const int anchoNombre = pixeles(peticion.anchoNombre, 300);
     lista_->setColumnWidth(0, anchoCodigo);
     lista_->setColumnWidth(1, anchoNombre);
+    constexpr int kAnchoOtra = 110;
     lista_->horizontalHeader()->setStretchLastSection(true);
-    resize(anchoCodigo + anchoNombre + 50, 420);
+    resize(anchoCodigo + anchoNombre + (visibles - 2) * kAnchoOtra + 50, 420);
     if (lista_->rowCount() > 0) {
         lista_->setCurrentCell(0, 0);
     }

@@ -61,5 +61,28 @@ TEST(DialogoBusca, ArrowsMoveFromTheBoxAndEscapeChoosesNothing) {
     EXPECT_NE(vacio.result(), QDialog::Accepted);
 }
 
+TEST(DialogoBusca, FurtherColumnsShowAndAnUnsortedRequestKeepsItsOrder) {
+    PeticionBusca p;
+    p.titulo = QStringLiteral("Albaranes pendientes del cliente");
+    p.columna = QStringLiteral("Serie");
+    p.ordenar = false;
+    p.cabeceraCodigo = QStringLiteral("Serie");
+    p.cabeceraNombre = QStringLiteral("Número");
+    p.columnas = {QStringLiteral("Cav_Id"), QStringLiteral("Serie"), QStringLiteral("Número"),
+                  QStringLiteral("Fecha")};
+    p.filas = {{5, QStringLiteral("B"), 9, QStringLiteral("20/03/2026")},
+               {4, QStringLiteral("A"), 10, QStringLiteral("01/03/2026")}};
+    DialogoBusca d(p);
+    QTableWidget* t = d.lista();
+    ASSERT_EQ(t->columnCount(), 3);
+    EXPECT_EQ(t->horizontalHeaderItem(2)->text(), QStringLiteral("Fecha"));
+    EXPECT_EQ(t->item(0, 0)->text(), QStringLiteral("B")); // as given, newest first
+    EXPECT_EQ(t->item(0, 2)->text(), QStringLiteral("20/03/2026"));
+    QTest::keyClicks(d.cajaBusca(), QStringLiteral("A"));
+    QTest::keyClick(d.cajaBusca(), Qt::Key_Return);
+    ASSERT_TRUE(d.Elegida().has_value());
+    EXPECT_EQ(*d.Elegida(), 1);
+}
+
 } // namespace
 } // namespace vk::ui
