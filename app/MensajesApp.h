@@ -117,4 +117,8 @@ inline const QString kFacturaSinCambios =
     QStringLiteral("La factura no se ha cambiado.");
 inline const QString kFacturaBorrada = QStringLiteral("Factura %1 borrada.");
 inline const QString kFacturaNoBorrada = QStringLiteral("La factura %1 no se ha borrado.");
+inline const QString kCopiaNoHecha =
+    QStringLiteral("Error en el proceso de copia de factura %1");
+inline const QString kAbonoHecho = QStringLiteral("Factura de abono %1 de la factura %2.");
+inline const QString kCopiaHecha = QStringLiteral("Factura %1, copia de la factura %2.");
 } // namespace vk::mensajes

@@ -6,6 +6,7 @@
 #include "MensajesApp.h"
 
 #include <BdSesion.h>
+#include <CopiaFactura.h>
 #include <ErrorBd.h>
 #include <Formato.h>
 #include <RegistroSuite.h>
@@ -301,6 +302,66 @@ int OrdenBorrar(const QStringList& args, QTextStream& out, QTextStream& err) {
     out << (borrada ? mensajes::kFacturaBorrada : mensajes::kFacturaNoBorrada).arg(factura)
         << Qt::endl;
     return 0;
+}
+
+namespace {
+
+// A new invoice from invoice --serie/--numero: a credit note or a copy.
+int copia(const QStringList& args, QTextStream& out, QTextStream& err, bool abono) {
+    Argumentos a(abono ? QStringLiteral("abonar") : QStringLiteral("copiar"),
+                 QStringLiteral("--serie S --numero N [opciones]"),
+                 abono ? QStringLiteral("Hace la factura de abono (rectificativa) de una factura: "
+                                        "las mismas líneas con las\n"
+                                        "cantidades en negativo y los "
+                                        "tipos de IVA de la factura que corrige.")
+                       : QStringLiteral("Hace una factura nueva con los mismos datos y líneas que "
+                                        "otra, con los tipos de IVA\n"
+                                        "de su fecha."));
+    declaraFactura(a);
+    a.declaraOpcion(QStringLiteral("serie-destino"), QStringLiteral("S"),
+                    QStringLiteral("serie de la factura nueva (por omisión, la misma)"));
+    a.declaraOpcion(QStringLiteral("fecha"), QStringLiteral("DD/MM/AAAA"),
+                    QStringLiteral("fecha de la factura nueva (por omisión, hoy)"));
+    if (!abono) {
+        a.declaraOpcion(QStringLiteral("cliente"), QStringLiteral("COD"),
+                        QStringLiteral("cliente de la factura nueva (por omisión, el mismo)"));
+    }
+    a.analiza(args);
+    const std::optional<QString> destino = a.serie(QStringLiteral("serie-destino"));
+    const QDate fecha = a.fecha(QStringLiteral("fecha")).value_or(QDate::currentDate());
+    const std::optional<qint32> codigo =
+        abono ? std::nullopt : a.entero(QStringLiteral("cliente"), 1, kMaximo);
+
+    Edicion e = abre(a, out, err, true);
+    CopiaFactura c;
+    c.idOrigen = e.pantalla->IdFactura();
+    c.serie = destino.value_or(e.pantalla->Text1[0]);
+    c.fecha = fecha;
+    c.abono = abono;
+    if (codigo) {
+        c.idCliente = CompruebaCliente(*e.bd, *codigo);
+    }
+    const QString origen = e.pantalla->Text1[0] + QLatin1Char('/') + e.pantalla->Text1[1];
+    const ResultadoFacturacion r = msCopiaFactura(*e.factura, c);
+    if (!r.Creada()) {
+        throw Error(mensajes::kCopiaNoHecha.arg(r.motivo), r.detalle);
+    }
+    out << (abono ? mensajes::kAbonoHecho : mensajes::kCopiaHecha).arg(r.factura, origen)
+        << Qt::endl;
+    const QStringList partes = r.factura.split(QLatin1Char('/'));
+    frmEdicionFacturas nueva(*e.factura, partes.value(0), partes.value(1).toInt(), true);
+    ImprimeFacturaEditada(nueva, *e.factura, out);
+    return 0;
+}
+
+} // namespace
+
+int OrdenAbonar(const QStringList& args, QTextStream& out, QTextStream& err) {
+    return copia(args, out, err, true);
+}
+
+int OrdenCopiar(const QStringList& args, QTextStream& out, QTextStream& err) {
+    return copia(args, out, err, false);
 }
 
 } // namespace vk::app

@@ -43,6 +43,10 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
          [--rca si|no] [--cliente COD] [--observaciones TEXTO] [--dto1 X] [--dto2 Y]
          [--regenerar-recibos] [--no]
                              cambia una factura como la pantalla de edición de facturas
+  abonar --serie S --numero N [--serie-destino S2] [--fecha DD/MM/AAAA]
+                             factura de abono (rectificativa) de una factura
+  copiar --serie S --numero N [--serie-destino S2] [--fecha DD/MM/AAAA] [--cliente COD]
+                             factura nueva con los datos y líneas de otra
   borrar --serie S --numero N [--no]
                              borra la última factura de una serie; sus albaranes vuelven
                              a estar pendientes
@@ -86,6 +90,12 @@ std::optional<Ejecuta> buscaOrden(const QString& orden) {
     }
     if (orden == QLatin1String("borrar")) {
         return vk::app::OrdenBorrar;
+    }
+    if (orden == QLatin1String("abonar")) {
+        return vk::app::OrdenAbonar;
+    }
+    if (orden == QLatin1String("copiar")) {
+        return vk::app::OrdenCopiar;
     }
     return std::nullopt;
 }

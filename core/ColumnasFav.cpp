@@ -93,6 +93,7 @@ std::vector<ColumnaFav> ColumnasFav(RegistroFactura& r) {
                  {QStringLiteral("Fav_ImpDifManual"), T::Importe, E::Grabacion, &r.ImpDifManual},
                  {QStringLiteral("Fav_CtaCobro"), T::Texto, E::Ambas, &r.sCtaCobro},
                  {QStringLiteral("Fav_CtaCompensa"), T::Texto, E::Grabacion, &r.sCtaCompensa},
+                 {QStringLiteral("Fav_IdRectificada"), T::Numero, E::Alta, &r.IdRectificada},
              });
     return m;
 }

@@ -99,6 +99,9 @@ std::vector<Tabla> tablasEmpresa() {
              {"Fav_Conex", Tipo::Entero},
              {"Fav_DocCont", Tipo::Texto},
              {"Fav_RCA", Tipo::Booleano},
+             // A credit note: the invoice it corrects (Fav_Id); 0 or NULL for
+             // any other invoice. The law asks a rectifying invoice to name it.
+             {"Fav_IdRectificada", Tipo::Id},
              {"Fav_ImpHidNac", Tipo::Dinero},
              {"Fav_ImpHidAut", Tipo::Dinero},
          }},

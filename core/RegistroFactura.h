@@ -100,6 +100,7 @@ public:
     double ImpDifManual = 0;
     QString sCtaCobro;
     QString sCtaCompensa;
+    qint32 IdRectificada = 0; // a credit note: the invoice it corrects
 };
 
 inline double RegistroFactura::SumaBases() const {

@@ -14,5 +14,7 @@ class BdSesion;
 // PostgreSQL an advisory lock keyed by catalog and series is held until the
 // outermost transaction ends. Taking it twice is harmless.
 void msBloqueaSerie(BdSesion& bd, const QString& serie);
+// The same for a series of delivery notes, which a copied note numbers.
+void msBloqueaSerieAlbaranes(BdSesion& bd, const QString& serie);
 
 } // namespace vk

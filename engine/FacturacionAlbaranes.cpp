@@ -63,8 +63,18 @@ void rellenaCabecera(VKFACVENTAS& f, const CabeceraFactura& c, qint32 primerAlba
     // A new invoice has no amounts yet: nothing of the previous one may
     // reach its row.
     f.ImpDtoPie1 = 0;
+    // Nor what an invoice loaded before it (the edit screen loads into the
+    // facade) kept of its own: a manual total, accounts of collection and
+    // offset.
+    f.IdLavManual = 0;
+    f.ImpDifManual = 0;
+    f.sCtaCobro.clear();
+    f.sCtaCompensa.clear();
     f.idDir = -1; // the address is stored by value
-    if (c.idDireccion) {
+    f.IdRectificada = c.idRectificada;
+    if (c.direccion) {
+        msPonDireccion(f, *c.direccion);
+    } else if (c.idDireccion) {
         msDireccionDeDir(f, *c.idDireccion);
     } else if (primerAlbaran > 0) {
         msDireccionDeAlbaran(f, primerAlbaran);

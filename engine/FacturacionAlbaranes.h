@@ -3,6 +3,8 @@
 // and the runs still to come), so that each gets the same safeguards.
 #pragma once
 
+#include "DireccionFactura.h"
+
 #include <QDate>
 #include <QString>
 #include <optional>
@@ -28,6 +30,10 @@ struct CabeceraFactura {
     qint16 modoRetencionNF = 0; // 0 on the sum of the bases, 1 on the total
     // The customer's address copied into the invoice; none: the first note's.
     std::optional<qint32> idDireccion;
+    // An address given whole (a copy keeps its source's); before idDireccion.
+    std::optional<DireccionFactura> direccion;
+    // A credit note: the invoice it corrects.
+    qint32 idRectificada = 0;
 };
 
 struct OpcionesFacturacion {

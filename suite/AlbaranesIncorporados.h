@@ -20,6 +20,8 @@ public:
     // Opens frmAlbaranVenta through the host's launcher with the arguments
     // "idCav" and "idLav". Throws Error when the host registered no launcher.
     void jMuestraAlbaran(qint32 idCav, qint32 idLav) override;
+    qint32 msCopiaAlbaran(qint32 idCavOrigen, qint32 idFactura, const QDate& fecha,
+                          qint32 idCliente, bool abono) override;
 };
 
 // Registers AlbaranesIncorporados under VKAlbVentas::kProgId.
