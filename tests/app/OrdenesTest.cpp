@@ -650,6 +650,50 @@ TEST_P(Ordenes, VerEditarYBorrarRunTheEditScreensStepsAndARefusalChangesNothing)
     EXPECT_GT(pendientes(), 0);
 }
 
+TEST_P(Ordenes, AbonarMakesTheExactNegativeAndCopiarANewInvoice) {
+    creaDemo();
+    ASSERT_EQ(ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db,
+                       QStringLiteral("--fecha"), QStringLiteral("20/11/2026"),
+                       QStringLiteral("--salida"), QStringLiteral("ninguna")})
+                  .codigo,
+              0);
+    const auto total = [this](const QString& serie, int numero) {
+        return BdSesion::Abre(db)
+            ->cn()
+            .Execute(QStringLiteral("SELECT Fav_Total FROM Fav WHERE Fav_Serie = ? AND "
+                                    "Fav_Numero = ?"),
+                     {serie, numero})
+            .Fields(0)
+            .Doble();
+    };
+    const double origen = total(QStringLiteral("A"), 2);
+    Salida s = ejecuta({QStringLiteral("abonar"), QStringLiteral("--db"), db,
+                        QStringLiteral("--serie"), QStringLiteral("A"), QStringLiteral("--numero"),
+                        QStringLiteral("2"), QStringLiteral("--serie-destino"), QStringLiteral("R"),
+                        QStringLiteral("--fecha"), QStringLiteral("21/11/2026")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.salida.contains(QStringLiteral("Factura de abono R/1 de la factura A/2.")))
+        << s.texto.toStdString();
+    EXPECT_DOUBLE_EQ(total(QStringLiteral("R"), 1), -origen);
+    EXPECT_DOUBLE_EQ(total(QStringLiteral("A"), 2), origen);
+
+    // A date before the series' last: refused, nothing made.
+    const qint64 antes = facturas();
+    s = ejecuta({QStringLiteral("copiar"), QStringLiteral("--db"), db, QStringLiteral("--serie"),
+                 QStringLiteral("A"), QStringLiteral("--numero"), QStringLiteral("2"),
+                 QStringLiteral("--fecha"), QStringLiteral("01/11/2026")});
+    EXPECT_EQ(s.codigo, 1);
+    EXPECT_TRUE(s.error.contains(QStringLiteral("Error en el proceso de copia de factura")))
+        << s.texto.toStdString();
+    EXPECT_EQ(facturas(), antes);
+    s = ejecuta({QStringLiteral("copiar"), QStringLiteral("--db"), db, QStringLiteral("--serie"),
+                 QStringLiteral("A"), QStringLiteral("--numero"), QStringLiteral("2"),
+                 QStringLiteral("--fecha"), QStringLiteral("21/11/2026")});
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_EQ(facturas(), antes + 1);
+    EXPECT_TRUE(s.salida.contains(QStringLiteral(", copia de la factura A/2.")));
+}
+
 TEST(Programa, HelpVersionAndUnknownCommands) {
     Salida s = ejecuta({QStringLiteral("--help")});
     EXPECT_EQ(s.codigo, 0);
