@@ -145,6 +145,18 @@ void frmEdicionFacturas::cargaPorId(qint32 idFactura) {
     msCargarRecibos();
 }
 
+void frmEdicionFacturas::recarga() {
+    try {
+        cargaPorId(idFactura_);
+    } catch (const ErrorRegla&) {
+        idFactura_ = 0;
+        dbgAlbaranes.clear();
+        dbgRecibos.clear();
+        filaAlbaran = -1;
+        Ui().Mensaje(mensajes::kFacturaInexistente, Icono::Aviso, mensajes::kAccionCancelada);
+    }
+}
+
 void frmEdicionFacturas::muestraDireccion() {
     const RegistroFactura& f = cargada_;
     direccionDeDir_ = f.idDir > 0;

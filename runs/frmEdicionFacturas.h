@@ -153,6 +153,9 @@ public:
 
 private:
     void cargaPorId(qint32 idFactura);
+    // Loads the invoice shown again after a command; when another user
+    // deleted it meanwhile, says so and leaves the screen empty.
+    void recarga();
     void cargaCombos();
     void msCargarAlbaranes();
     void muestraTotales();

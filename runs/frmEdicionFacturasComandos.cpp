@@ -156,7 +156,7 @@ void frmEdicionFacturas::cmdEditar() {
         albaranes->MyBd = &bd_;
         albaranes->jMuestraAlbaran(l.Cav_Id, l.Lav_Id);
     });
-    cargaPorId(idFactura_);
+    recarga();
 }
 
 void frmEdicionFacturas::cmdBorrar() {
@@ -178,7 +178,7 @@ void frmEdicionFacturas::cmdBorrar() {
         return;
     }
     if (!intenta([&] { msBorraFactura(factura_, idFactura_); })) {
-        cargaPorId(idFactura_);
+        recarga();
         return;
     }
     // The screen moves to the new last invoice of the series, or empties.

@@ -128,7 +128,7 @@ EdicionFactura::Recibos frmEdicionFacturas::preguntaRecibos() {
 
 bool frmEdicionFacturas::msRecalculaFactura(EdicionFactura edicion) {
     const bool hecho = intenta([&] { vk::msRecalculaFactura(factura_, edicion); });
-    cargaPorId(idFactura_);
+    recarga();
     return hecho;
 }
 
@@ -198,7 +198,7 @@ void frmEdicionFacturas::Check1_Click() {
     Text1_4_Enabled = false;
     if (cargada_.IdLavManual != 0) {
         intenta([&] { msDeshazTotalManual(factura_, idFactura_); });
-        cargaPorId(idFactura_);
+        recarga();
     }
 }
 
@@ -225,7 +225,7 @@ void frmEdicionFacturas::Text1_4_LostFocus() {
         Ui().Pregunta(mensajes::kRecibosNuevoImporte, Caption, true)) {
         intenta([&] { msRegeneraRecibos(factura_, idFactura_, true); });
     }
-    cargaPorId(idFactura_);
+    recarga();
 }
 
 void frmEdicionFacturas::Check2_Click() {
