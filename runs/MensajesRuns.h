@@ -83,4 +83,17 @@ inline const QString kNoEsDeTransporte = QStringLiteral(
 inline const QString kConfirmaQuitarTramo =
     QStringLiteral("Confirma que desea eliminar el tramo indicado de la factura");
 inline const QString kOtrasDirecciones = QStringLiteral("Otras direcciones");
+
+// The copy screen.
+inline const QString kTituloCopia = QStringLiteral("Copia de facturas");
+inline const QString kBuscarClientes = QStringLiteral("Buscar Clientes");
+inline const QString kConfirmaAbono =
+    QStringLiteral("Confirma la creación de una factura de Abono sobre la factura actual");
+inline const QString kConfirmaCopia =
+    QStringLiteral("Confirma que desea crear una nueva factura con los mismos datos que la actual");
+inline const QString kErrorCopia = QStringLiteral("Error en el proceso de copia de factura ");
+inline const QString kTituloAbonoHecho = QStringLiteral("Factura de Abono");
+inline const QString kAbonoFinalizado = QStringLiteral("Proceso de Abono de facturas finalizado");
+inline const QString kTituloCopiaHecha = QStringLiteral("Copia de Factura");
+inline const QString kCopiaFinalizada = QStringLiteral("Proceso de copia de facturas finalizado");
 } // namespace vk::mensajes

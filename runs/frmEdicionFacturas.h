@@ -146,6 +146,9 @@ public:
     void mnu03(); // the customer's trips
     void mnu04(); // add a leg
     void mnu05(); // remove the leg of the current line
+    // A copy or credit note of the invoice (frmCopiaFacturas); the new one
+    // is loaded when made. Allowed read-only: the source is not written.
+    void cmdCopiar();
 
     // How the last command ended: true when it was refused or failed (the
     // person has been told); hosts set their exit status from it.

@@ -2,6 +2,7 @@
 // customer and address, its existence, its issue and its transport legs.
 #include "Combos.h"
 #include "MensajesRuns.h"
+#include "frmCopiaFacturas.h"
 #include "frmEdicionFacturas.h"
 
 #include <AlbaranesVentas.h>
@@ -393,6 +394,30 @@ void frmEdicionFacturas::mnu05() {
     e.cambioLineas = [&] { t->QuitaTramo(idLav); };
     e.recibos = preguntaRecibos();
     msRecalculaFactura(std::move(e));
+}
+
+void frmEdicionFacturas::cmdCopiar() {
+    ultimaOrdenFallida = false;
+    if (!HayFactura() || !sigueExistiendo()) {
+        return;
+    }
+    std::unique_ptr<frmCopiaFacturas> copia;
+    if (!intenta([&] { copia = std::make_unique<frmCopiaFacturas>(factura_, idFactura_); })) {
+        return;
+    }
+    Ui().MuestraDialogo(*copia);
+    if (copia->IdNueva() <= 0) {
+        return;
+    }
+    const Recordset rs =
+        bd_.cn().Execute(QStringLiteral("SELECT Fav_Serie, Fav_Numero FROM Fav WHERE Fav_Id = ?"),
+                         {copia->IdNueva()});
+    if (rs.Eof()) {
+        return;
+    }
+    Text1[0] = rs.Fields(0).Texto().trimmed();
+    Text1[1] = QString::number(rs.Fields(1).Entero());
+    msCargarFactura();
 }
 
 } // namespace vk

@@ -1,6 +1,7 @@
 #include "RegistroVistas.h"
 
 #include "VistaAlbaranVenta.h"
+#include "VistaCopiaFacturas.h"
 #include "VistaEdicionFacturas.h"
 #include "VistaEmisionFacturas.h"
 #include "VistaFacturasVenta.h"
@@ -13,6 +14,7 @@
 #include <ErrorBd.h>
 #include <Interaccion.h>
 #include <frmAlbaranVenta.h>
+#include <frmCopiaFacturas.h>
 #include <frmEdicionFacturas.h>
 #include <frmEmisionFacturas.h>
 #include <frmFacturasVenta.h>
@@ -99,6 +101,7 @@ std::unique_ptr<suite::frmManteRecibos> creaManteRecibos(VKFACVENTAS& f, const Q
 const VistaDialogo* BuscaVistaDialogo(const DialogoModelo& modelo) {
     static const std::map<std::type_index, VistaDialogo> vistas = {
         dialogo<frmIniFav, VistaIniFav>(),
+        dialogo<frmCopiaFacturas, VistaCopiaFacturas>(),
         dialogo<frmEmisionFacturas, VistaEmisionFacturas>(),
         // The viewer has nothing to accept: closing it is the end.
         {typeid(frmVisor),

@@ -348,8 +348,6 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     cmdBorrar_ = NuevoBoton(this, QStringLiteral("cmdBorrar"), QStringLiteral("&Borrar Factura"));
     QPushButton* cmdCopiar =
         NuevoBoton(this, QStringLiteral("cmdCopiar"), QStringLiteral("Copiar Factura"));
-    cmdCopiar->setEnabled(false);
-    cmdCopiar->setToolTip(QStringLiteral("Esta opción todavía no está disponible"));
     QPushButton* cmdSalir = NuevoBoton(this, QStringLiteral("cmdSalir"), QStringLiteral("&Salir"));
     auto* pie = new QHBoxLayout;
     pie->addWidget(cmdActualiza_);
@@ -502,7 +500,8 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
                    {XPButton1, &frmEdicionFacturas::XPButton1},
                    {XPButton2_, &frmEdicionFacturas::XPButton2},
                    {cmdDir, &frmEdicionFacturas::cmdDir},
-                   {cmdEmitir, &frmEdicionFacturas::cmdEmitir}};
+                   {cmdEmitir, &frmEdicionFacturas::cmdEmitir},
+                   {cmdCopiar, &frmEdicionFacturas::cmdCopiar}};
     for (const auto& o : ordenes) {
         const auto metodo = o.orden;
         QObject::connect(o.boton, &QPushButton::clicked, this,

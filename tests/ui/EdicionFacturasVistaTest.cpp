@@ -17,7 +17,9 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <VistaCopiaFacturas.h>
 #include <VistaEdicionFacturas.h>
+#include <frmCopiaFacturas.h>
 #include <frmEdicionFacturas.h>
 
 namespace vk::prueba {
@@ -124,7 +126,7 @@ TEST_P(EdicionFacturasVista, LoadedInvoiceShowsItsHeaderTotalAndNotes) {
         notas->setCurrentCell(1, 0);
         EXPECT_EQ(modelo.filaAlbaran, 1);
     }
-    EXPECT_FALSE(hijo<QAbstractButton>(v, QStringLiteral("cmdCopiar"))->isEnabled());
+    EXPECT_TRUE(hijo<QAbstractButton>(v, QStringLiteral("cmdCopiar"))->isEnabled());
 }
 
 TEST_P(EdicionFacturasVista, KeysWalkTheSeriesAndEnterMovesOn) {
@@ -188,6 +190,29 @@ TEST_P(EdicionFacturasVista, RemarkTypedAndUpdatedIsSaved) {
     hijo<QCheckBox>(v, QStringLiteral("Check2"))->click();
     EXPECT_EQ(cuenta(QStringLiteral("SELECT Fav_RCA FROM Fav WHERE Fav_Id = ?"), {idFactura(2)}),
               1);
+}
+
+TEST_P(EdicionFacturasVista, CopyDialogShowsTheSourceAndItsButtonMakesTheCopy) {
+    ASSERT_GE(facturas.size(), 1u);
+    frmCopiaFacturas modelo(*factura, idFactura(1));
+    ui::VistaCopiaFacturas v(modelo);
+    EXPECT_EQ(v.objectName(), QStringLiteral("frmCopiaFacturas"));
+    EXPECT_EQ(texto(v, QStringLiteral("Text1_0")), QStringLiteral("A"));
+    EXPECT_EQ(texto(v, QStringLiteral("Text1_2")), modelo.Text1[2]);
+    auto* notas = hijo<QTableWidget>(v, QStringLiteral("dbgAlbaranes"));
+    ASSERT_NE(notas, nullptr);
+    ASSERT_GT(notas->rowCount(), 0);
+    EXPECT_EQ(notas->item(0, 0)->text(), modelo.dbgAlbaranes[0].albaran);
+    EXPECT_FALSE(hijo<QCheckBox>(v, QStringLiteral("Check1"))->isChecked());
+    EXPECT_EQ(hijo<QAbstractButton>(v, QStringLiteral("cmdSalir"))->text(),
+              QStringLiteral("Cancelar Copia"));
+    auto* copiar = hijo<QAbstractButton>(v, QStringLiteral("cmdCopiar"));
+    EXPECT_EQ(copiar->text(), QStringLiteral("Grabar Nueva Factura"));
+    const qint64 antes = cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav"));
+    copiar->click();
+    EXPECT_EQ(v.result(), QDialog::Accepted);
+    EXPECT_GT(modelo.IdNueva(), 0);
+    EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), antes + 1);
 }
 
 TEST_P(EdicionFacturasVista, LauncherOpensTheGivenInvoiceOrTheLastOfTheDefaultSeries) {
