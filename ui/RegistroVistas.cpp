@@ -1,6 +1,7 @@
 #include "RegistroVistas.h"
 
 #include "VistaAlbaranVenta.h"
+#include "VistaBorradoFacturas.h"
 #include "VistaEdicionFacturas.h"
 #include "VistaEmisionFacturas.h"
 #include "VistaFacturasVenta.h"
@@ -13,6 +14,7 @@
 #include <ErrorBd.h>
 #include <Interaccion.h>
 #include <frmAlbaranVenta.h>
+#include <frmBorradoFacturas.h>
 #include <frmEdicionFacturas.h>
 #include <frmEmisionFacturas.h>
 #include <frmFacturasVenta.h>
@@ -120,6 +122,23 @@ const VistaPantalla* BuscaVistaPantalla(const QString& nombre) {
         pantallaCon<frmAlbaranVenta, VistaAlbaranVenta>("frmAlbaranVenta", creaAlbaranVenta),
         pantallaCon<frmTramo, VistaTramo>("frmTramo", creaTramo),
         pantallaCon<suite::frmManteRecibos, VistaManteRecibos>("frmManteRecibos", creaManteRecibos),
+        // Refused to anyone but an administrator: the model said why, and
+        // the screen does not open.
+        {QStringLiteral("frmBorradoFacturas"),
+         [](VKFACVENTAS& f, const PeticionPantalla&, QWidget* padre) {
+             std::unique_ptr<frmBorradoFacturas> modelo;
+             try {
+                 modelo = std::make_unique<frmBorradoFacturas>(f);
+             } catch (const Error& e) {
+                 Ui().Mensaje(e.Mensaje(), Icono::Error, mensajes::kTituloFacturacion);
+                 return;
+             }
+             if (modelo->Cerrada) {
+                 return;
+             }
+             VistaBorradoFacturas vista(*modelo, padre);
+             vista.exec();
+         }},
     };
     const auto v = vistas.find(nombre);
     return v == vistas.end() ? nullptr : &v->second;
