@@ -116,6 +116,7 @@ inline const QString kDescuentoFueraDeRango =
 inline const QString kFacturaSinCambios =
     QStringLiteral("La factura no se ha cambiado.");
 inline const QString kFacturaBorrada = QStringLiteral("Factura %1 borrada.");
+inline const QString kFacturasBorradas = QStringLiteral("Facturas borradas: %1.");
 inline const QString kFacturaNoBorrada = QStringLiteral("La factura %1 no se ha borrado.");
 inline const QString kCopiaNoHecha =
     QStringLiteral("Error en el proceso de copia de factura %1");

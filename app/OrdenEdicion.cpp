@@ -11,6 +11,7 @@
 #include <Formato.h>
 #include <RegistroSuite.h>
 #include <VKFACVENTAS.h>
+#include <frmBorradoFacturas.h>
 #include <frmEdicionFacturas.h>
 #include <limits>
 #include <memory>
@@ -301,6 +302,77 @@ int OrdenBorrar(const QStringList& args, QTextStream& out, QTextStream& err) {
         e.bd->cn().Execute(QStringLiteral("SELECT 1 FROM Fav WHERE Fav_Id = ?"), {id}).Eof();
     out << (borrada ? mensajes::kFacturaBorrada : mensajes::kFacturaNoBorrada).arg(factura)
         << Qt::endl;
+    return 0;
+}
+
+int OrdenBorrarLote(const QStringList& args, QTextStream& out, QTextStream& err) {
+    Argumentos a(QStringLiteral("borrar-lote"), QStringLiteral("--serie S [opciones]"),
+                 QStringLiteral("Borra de una vez las facturas de una serie entre dos números y "
+                                "dos fechas, con sus\nrecibos y retenciones; sus albaranes "
+                                "vuelven a estar pendientes o, con\n--borrar-albaranes, se "
+                                "borran. Solo para administradores."));
+    a.declaraOpcion(QStringLiteral("serie"), QStringLiteral("S"),
+                    QStringLiteral("serie de las facturas"));
+    a.declaraOpcion(QStringLiteral("desde-numero"), QStringLiteral("N"),
+                    QStringLiteral("primer número"));
+    a.declaraOpcion(QStringLiteral("hasta-numero"), QStringLiteral("M"),
+                    QStringLiteral("último número"));
+    a.declaraOpcion(QStringLiteral("desde"), QStringLiteral("DD/MM/AAAA"),
+                    QStringLiteral("primera fecha"));
+    a.declaraOpcion(QStringLiteral("hasta"), QStringLiteral("DD/MM/AAAA"),
+                    QStringLiteral("última fecha"));
+    a.declaraBandera(QStringLiteral("borrar-albaranes"),
+                     QStringLiteral("borra también los albaranes y sus líneas"));
+    a.declaraOpcion(QStringLiteral("usuario"), QStringLiteral("N"),
+                    QStringLiteral("usuario de la sesión (por omisión, el de la conexión)"));
+    a.analiza(args);
+
+    // Every value is checked before the session opens.
+    const QString serie = LeeSerieOpcion(
+        QStringLiteral("--serie"), a.requerido(QStringLiteral("serie"), mensajes::kIndiqueSerie));
+    const std::optional<qint32> desdeNumero = a.entero(QStringLiteral("desde-numero"), 1, kMaximo);
+    const std::optional<qint32> hastaNumero = a.entero(QStringLiteral("hasta-numero"), 1, kMaximo);
+    const std::optional<QDate> desde = a.fecha(QStringLiteral("desde"));
+    const std::optional<QDate> hasta = a.fecha(QStringLiteral("hasta"));
+    const std::optional<qint32> usuario = a.entero(QStringLiteral("usuario"), 1, kMaximo);
+    CadenaConexion cadena = CadenaConexion::Interpreta(a.baseDatos());
+    if (usuario) {
+        cadena.idUsuario = *usuario;
+    }
+    suite::RegistraComponentesSuite();
+    std::unique_ptr<BdSesion> bd = BdSesion::Abre(cadena);
+    if (usuario) {
+        CompruebaUsuario(*bd, *usuario);
+    }
+    InteraccionConsola ui(out, err);
+    ui.ResponderSiSiempre(true);
+    UsaInteraccion puerto(ui);
+    VKFACVENTAS factura;
+    factura.setMyBd(*bd);
+
+    frmBorradoFacturas p(factura);
+    if (p.Cerrada) {
+        return 1; // the screen said why
+    }
+    p.Text1[5] = serie;
+    const auto texto = [](const auto& v) { return v ? QString::number(*v) : QString(); };
+    p.Text1[0] = texto(desdeNumero);
+    p.Text1[1] = texto(hastaNumero);
+    const auto dia = [](const std::optional<QDate>& f) {
+        return f ? f->toString(u"dd/MM/yyyy") : QString();
+    };
+    p.Text1[2] = dia(desde);
+    p.Text1[3] = dia(hasta);
+    p.Check1 = a.bandera(QStringLiteral("borrar-albaranes"));
+    p.cmdBuscar();
+    if (p.ultimaOrdenFallida) {
+        return 1;
+    }
+    p.cmdBorrar();
+    if (p.ultimaOrdenFallida) {
+        return 1;
+    }
+    out << mensajes::kFacturasBorradas.arg(p.facturasBorradas) << Qt::endl;
     return 0;
 }
 

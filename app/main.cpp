@@ -50,6 +50,10 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
   borrar --serie S --numero N [--no]
                              borra la última factura de una serie; sus albaranes vuelven
                              a estar pendientes
+  borrar-lote --serie S [--desde-numero N] [--hasta-numero M] [--desde DD/MM/AAAA]
+              [--hasta DD/MM/AAAA] [--borrar-albaranes] [--usuario N] [--db DB]
+                             borra de una vez las facturas de una serie entre dos números
+                             y dos fechas (solo administradores)
 
 Las opciones se escriben --opcion valor o --opcion=valor. Todas las órdenes
 admiten --detalle: en los errores de la base de datos muestra también el texto
@@ -90,6 +94,9 @@ std::optional<Ejecuta> buscaOrden(const QString& orden) {
     }
     if (orden == QLatin1String("borrar")) {
         return vk::app::OrdenBorrar;
+    }
+    if (orden == QLatin1String("borrar-lote")) {
+        return vk::app::OrdenBorrarLote;
     }
     if (orden == QLatin1String("abonar")) {
         return vk::app::OrdenAbonar;

@@ -298,14 +298,16 @@ void msRecalculaFactura(VKFACVENTAS& f, const EdicionFactura& e) {
     f.CargaFactura(e.idFactura);
 }
 
-void msBorraFactura(VKFACVENTAS& f, qint32 idFactura) {
+namespace {
+
+// One invoice gone, under its series' lock inside the caller's transaction:
+// its posting undone, its receipts and retention rows, the transport legs its
+// lines invoiced freed (those lines removed, and a note left without lines
+// with them), and its notes pending again or, with `borrarAlbaranes`, deleted
+// with their lines.
+void borraFacturaBloqueada(VKFACVENTAS& f, qint32 idFactura, bool borrarAlbaranes) {
     BdSesion& bd = f.MyBd();
     Conexion& cn = bd.cn();
-    Transaccion t(cn);
-    cargaBloqueada(f, idFactura);
-    if (!fnEsUltimaDeSerie(bd, idFactura)) {
-        throw ErrorRegla(mensajes::kSoloUltimoNumero);
-    }
     if (const std::optional<qint16> nEmp = fnEmpresaContabiliza(bd)) {
         if (!f.ConexionContableFacturaVentas(*nEmp, QStringLiteral("WHERE Fav_Id = ?"), {idFactura},
                                              false, true, false)) {
@@ -335,10 +337,39 @@ void msBorraFactura(VKFACVENTAS& f, qint32 idFactura) {
             cn.Execute(QStringLiteral("DELETE FROM Cav WHERE Cav_Id = ?"), {idCav});
         }
     }
-    cn.Execute(QStringLiteral("UPDATE Cav SET Cav_Situa = 1, Cav_IdFactura = NULL WHERE "
-                              "Cav_IdFactura = ?"),
-               {idFactura});
+    if (borrarAlbaranes) {
+        cn.Execute(QStringLiteral("DELETE FROM Lav WHERE Lav_IdCav IN (SELECT Cav_Id FROM Cav "
+                                  "WHERE Cav_IdFactura = ?)"),
+                   {idFactura});
+        cn.Execute(QStringLiteral("DELETE FROM Cav WHERE Cav_IdFactura = ?"), {idFactura});
+    } else {
+        cn.Execute(QStringLiteral("UPDATE Cav SET Cav_Situa = 1, Cav_IdFactura = NULL WHERE "
+                                  "Cav_IdFactura = ?"),
+                   {idFactura});
+    }
     cn.Execute(QStringLiteral("DELETE FROM Fav WHERE Fav_Id = ?"), {idFactura});
+}
+
+} // namespace
+
+void msBorraFactura(VKFACVENTAS& f, qint32 idFactura) {
+    BdSesion& bd = f.MyBd();
+    Transaccion t(bd.cn());
+    cargaBloqueada(f, idFactura);
+    if (!fnEsUltimaDeSerie(bd, idFactura)) {
+        throw ErrorRegla(mensajes::kSoloUltimoNumero);
+    }
+    borraFacturaBloqueada(f, idFactura, false);
+    t.Confirma();
+    f.IdFactu = 0;
+}
+
+void msBorraFacturas(VKFACVENTAS& f, const std::vector<qint32>& ids, bool borrarAlbaranes) {
+    Transaccion t(f.MyBd().cn());
+    for (const qint32 id : ids) {
+        cargaBloqueada(f, id);
+        borraFacturaBloqueada(f, id, borrarAlbaranes);
+    }
     t.Confirma();
     f.IdFactu = 0;
 }

@@ -16,6 +16,7 @@
 #include <QString>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace vk {
 
@@ -71,6 +72,12 @@ bool fnEsUltimaDeSerie(BdSesion& bd, qint32 idFactura);
 // and those lines removed, and a note left without lines with them), and its
 // notes pending again. Throws ErrorRegla when it is not the last.
 void msBorraFactura(VKFACVENTAS& factura, qint32 idFactura);
+
+// Deletes every invoice of `ids`, whatever its number, in one transaction: a
+// failure leaves all of them as they were. Each goes as msBorraFactura's
+// does; with `borrarAlbaranes` its notes and their lines go too instead of
+// becoming pending again. Throws ErrorRegla when one no longer exists.
+void msBorraFacturas(VKFACVENTAS& factura, const std::vector<qint32>& ids, bool borrarAlbaranes);
 
 // A total typed by hand: the difference goes to the first line with units
 // and to the first base, and the invoice remembers it to undo it. Receipts

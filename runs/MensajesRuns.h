@@ -96,4 +96,20 @@ inline const QString kTituloAbonoHecho = QStringLiteral("Factura de Abono");
 inline const QString kAbonoFinalizado = QStringLiteral("Proceso de Abono de facturas finalizado");
 inline const QString kTituloCopiaHecha = QStringLiteral("Copia de Factura");
 inline const QString kCopiaFinalizada = QStringLiteral("Proceso de copia de facturas finalizado");
+// Batch deletion of invoices.
+inline const QString kTituloBorradoFacturas = QStringLiteral("Borrado de Facturas de venta");
+inline const QString kSoloAdministradores =
+    QStringLiteral("Opción solo disponible para administradores - Acción cancelada -");
+inline const QString kBorradoIncompleto =
+    QStringLiteral("Proceso incompleto para eliminar albaranes con almancen y de viajes");
+inline const QString kFaltaSerieBorrado =
+    QStringLiteral("Es obligatorio indicar la serie de facturas");
+inline const QString kSeguroBorrarSeleccion =
+    QStringLiteral("Esta seguro de que desea borrar la selección de facturas");
+inline const QString kConfirmaBorrarVisibles =
+    QStringLiteral("Confirma la eliminación de las facturas que se están visualizando actualmente");
+inline const QString kBorradoFinalizado =
+    QStringLiteral("Proceso de borrado de facturas de venta finalizado");
+inline const QString kErrorBorrado = QStringLiteral("Error en el borrado de facturas de ventas. ");
+
 } // namespace vk::mensajes

@@ -1,6 +1,7 @@
 #include "RegistroVistas.h"
 
 #include "VistaAlbaranVenta.h"
+#include "VistaBorradoFacturas.h"
 #include "VistaCopiaFacturas.h"
 #include "VistaEdicionFacturas.h"
 #include "VistaEmisionFacturas.h"
@@ -14,6 +15,7 @@
 #include <ErrorBd.h>
 #include <Interaccion.h>
 #include <frmAlbaranVenta.h>
+#include <frmBorradoFacturas.h>
 #include <frmCopiaFacturas.h>
 #include <frmEdicionFacturas.h>
 #include <frmEmisionFacturas.h>
@@ -123,6 +125,23 @@ const VistaPantalla* BuscaVistaPantalla(const QString& nombre) {
         pantallaCon<frmAlbaranVenta, VistaAlbaranVenta>("frmAlbaranVenta", creaAlbaranVenta),
         pantallaCon<frmTramo, VistaTramo>("frmTramo", creaTramo),
         pantallaCon<suite::frmManteRecibos, VistaManteRecibos>("frmManteRecibos", creaManteRecibos),
+        // Refused to anyone but an administrator: the model said why, and
+        // the screen does not open.
+        {QStringLiteral("frmBorradoFacturas"),
+         [](VKFACVENTAS& f, const PeticionPantalla&, QWidget* padre) {
+             std::unique_ptr<frmBorradoFacturas> modelo;
+             try {
+                 modelo = std::make_unique<frmBorradoFacturas>(f);
+             } catch (const Error& e) {
+                 Ui().Mensaje(e.Mensaje(), Icono::Error, mensajes::kTituloFacturacion);
+                 return;
+             }
+             if (modelo->Cerrada) {
+                 return;
+             }
+             VistaBorradoFacturas vista(*modelo, padre);
+             vista.exec();
+         }},
     };
     const auto v = vistas.find(nombre);
     return v == vistas.end() ? nullptr : &v->second;

@@ -694,6 +694,43 @@ TEST_P(Ordenes, AbonarMakesTheExactNegativeAndCopiarANewInvoice) {
     EXPECT_TRUE(s.salida.contains(QStringLiteral(", copia de la factura A/2.")));
 }
 
+TEST_P(Ordenes, BorrarLoteIsForAdministratorsAndDeletesTheInvoicesListed) {
+    creaDemo();
+    ASSERT_EQ(ejecuta({QStringLiteral("facturar"), QStringLiteral("--db"), db,
+                       QStringLiteral("--fecha"), QStringLiteral("20/11/2026"),
+                       QStringLiteral("--salida"), QStringLiteral("ninguna")})
+                  .codigo,
+              0);
+    const qint64 hechas = facturas();
+    ASSERT_GE(hechas, 3);
+    const qint64 antes = pendientes();
+    const QStringList lote{QStringLiteral("borrar-lote"),
+                           QStringLiteral("--db"),
+                           db,
+                           QStringLiteral("--serie"),
+                           QStringLiteral("A"),
+                           QStringLiteral("--desde-numero"),
+                           QStringLiteral("2"),
+                           QStringLiteral("--hasta-numero"),
+                           QStringLiteral("3")};
+
+    // The demo's second user is not an administrator.
+    Salida s = ejecuta(lote + QStringList{QStringLiteral("--usuario"), QStringLiteral("2")});
+    EXPECT_EQ(s.codigo, 1) << s.texto.toStdString();
+    EXPECT_TRUE(s.texto.contains(
+        QStringLiteral("Opción solo disponible para administradores - Acción cancelada -")))
+        << s.texto.toStdString();
+    EXPECT_EQ(facturas(), hechas);
+    EXPECT_EQ(ejecuta({QStringLiteral("borrar-lote"), QStringLiteral("--db"), db}).codigo, 2);
+
+    s = ejecuta(lote);
+    ASSERT_EQ(s.codigo, 0) << s.texto.toStdString();
+    EXPECT_TRUE(s.salida.contains(QStringLiteral("Facturas borradas: 2.")))
+        << s.texto.toStdString();
+    EXPECT_EQ(facturas(), hechas - 2);
+    EXPECT_GT(pendientes(), antes);
+}
+
 TEST(Programa, HelpVersionAndUnknownCommands) {
     Salida s = ejecuta({QStringLiteral("--help")});
     EXPECT_EQ(s.codigo, 0);
