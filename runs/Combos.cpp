@@ -3,8 +3,10 @@
 #include "MensajesRuns.h"
 
 #include <BdSesion.h>
+#include <BdUtil.h>
 #include <Formato.h>
 #include <Interaccion.h>
+#include <NombreCliente.h>
 #include <VKFACVENTAS.h>
 
 namespace vk {
@@ -50,6 +52,45 @@ void msOpcionImprimeAlbaranes(VKFACVENTAS& f, const QString& titulo) {
     default:
         break;
     }
+}
+
+std::optional<ClienteElegido> fnBuscaCliente(BdSesion& bd, const QString& titulo, bool comercial) {
+    const QString nombre =
+        comercial ? QStringLiteral("CLI_COMER")
+                  : fnNombreCliente(static_cast<int>(
+                        bd.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
+    BdUtil util;
+    util.Prepara(bd.cn());
+    const QString r =
+        util.Busca(QStringLiteral("SELECT CLI_ID, CLI_COD, %1 AS Cli_Nom FROM Cli ORDER BY CLI_COD")
+                       .arg(nombre),
+                   QStringLiteral("Cli_Nom"), QStringLiteral("Codigo"), QStringLiteral("Nombre"),
+                   titulo, 1300, 6000);
+    // Two characters or fewer: nothing was chosen.
+    if (r.size() <= 2) {
+        return std::nullopt;
+    }
+    const QStringList partes = r.split(BdUtil::kSeparador);
+    return ClienteElegido{partes.value(0).toInt(), partes.value(1), partes.value(2)};
+}
+
+QString fnCabezaCombo(const QStringList& elementos, int indice) {
+    return indice >= 0 && indice < elementos.size()
+               ? elementos[indice].section(QStringLiteral(" - "), 0, 0).trimmed()
+               : QString();
+}
+
+int fnIndiceCombo(const QStringList& elementos, const QString& codigo) {
+    const QString c = codigo.trimmed();
+    if (c.isEmpty()) {
+        return -1;
+    }
+    for (int i = 0; i < elementos.size(); ++i) {
+        if (fnCabezaCombo(elementos, i) == c) {
+            return i;
+        }
+    }
+    return -1;
 }
 
 qint32 fnIdCombo(const QString& elemento, int caracteres) {

@@ -1,14 +1,13 @@
 #include "frmCopiaFacturas.h"
 
+#include "Combos.h"
 #include "MensajesRuns.h"
 
 #include <BdSesion.h>
-#include <BdUtil.h>
 #include <CargaFactura.h>
 #include <CopiaFactura.h>
 #include <ErrorBd.h>
 #include <Formato.h>
-#include <NombreCliente.h>
 #include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
 
@@ -25,9 +24,7 @@ frmCopiaFacturas::frmCopiaFacturas(VKFACVENTAS& factura, qint32 idOrigen)
     Text1[1] = QString::number(origen.NumeroFactura);
     Text1[2] = Format(QDate::currentDate(), QStringLiteral("dd/mm/yyyy"));
     lblCliente = QString::number(origen.CliCod) + QStringLiteral(" - ") + origen.CliNom.trimmed();
-    const Recordset cli = bd_.cn().Execute(
-        QStringLiteral("SELECT CLI_OBSER FROM Cli WHERE Cli_Id = ?"), {origen.IdCliente});
-    lblCliObs = cli.Eof() ? QString() : cli.Fields(0).Texto();
+    muestraCliente(origen.IdCliente);
     for (Recordset rs = bd_.cn().Execute(
              QStringLiteral("SELECT Cav_Serie, Cav_Numero, Cav_Fecha FROM Cav WHERE "
                             "Cav_IdFactura = ? ORDER BY Cav_Fecha, Cav_Id"),
@@ -46,22 +43,12 @@ frmCopiaFacturas::frmCopiaFacturas(VKFACVENTAS& factura, qint32 idOrigen)
 }
 
 void frmCopiaFacturas::XPButton2() {
-    BdUtil util;
-    util.Prepara(bd_.cn());
-    const QString nombre = fnNombreCliente(
-        static_cast<int>(bd_.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
-    const QString r =
-        util.Busca(QStringLiteral("SELECT CLI_ID, CLI_COD, %1 AS Cli_Nom FROM Cli ORDER BY CLI_COD")
-                       .arg(nombre),
-                   QStringLiteral("Cli_Nom"), QStringLiteral("Codigo"), QStringLiteral("Nombre"),
-                   mensajes::kBuscarClientes, 1300, 6000);
-    // Two characters or fewer: nothing was chosen.
-    if (r.size() <= 2) {
+    const std::optional<ClienteElegido> cliente = fnBuscaCliente(bd_, mensajes::kBuscarClientes);
+    if (!cliente) {
         return;
     }
-    const QStringList partes = r.split(BdUtil::kSeparador);
-    idCliente_ = partes.value(0).toInt();
-    lblCliente = partes.value(1).trimmed() + QStringLiteral(" - ") + partes.value(2).trimmed();
+    idCliente_ = cliente->id;
+    lblCliente = cliente->codigo.trimmed() + QStringLiteral(" - ") + cliente->nombre.trimmed();
     muestraCliente(*idCliente_);
 }
 

@@ -35,20 +35,6 @@ QStringList elementos(BdSesion& bd, const QString& sql) {
     return r;
 }
 
-// The item whose head is `codigo`, as the combos are matched on load.
-int indicePorCabeza(const QStringList& items, const QString& codigo) {
-    const QString c = codigo.trimmed();
-    if (c.isEmpty()) {
-        return -1;
-    }
-    for (int i = 0; i < items.size(); ++i) {
-        if (items[i].section(QStringLiteral(" - "), 0, 0).trimmed() == c) {
-            return i;
-        }
-    }
-    return -1;
-}
-
 } // namespace
 
 frmEdicionFacturas::frmEdicionFacturas(VKFACVENTAS& factura, const QString& sSerie, qint32 nNumero,
@@ -128,7 +114,7 @@ void frmEdicionFacturas::cargaPorId(qint32 idFactura) {
     txtRetencionNF = Format(f.porcentajeretencionnf, kMascaraPorcentaje);
     Option1 = f.nModoRetNF == 1 ? 1 : 0;
     cboFpagoIndex =
-        f.IdFco > 0 ? indicePorCabeza(cboFpago, Format(f.IdFco, QStringLiteral("00"))) : 0;
+        f.IdFco > 0 ? fnIndiceCombo(cboFpago, Format(f.IdFco, QStringLiteral("00"))) : 0;
     if (cboFpagoIndex < 0) {
         cboFpagoIndex = 0;
     }
@@ -171,10 +157,10 @@ void frmEdicionFacturas::muestraDireccion() {
     Text1[14] = d.puerta;
     Text1[21] = d.cp;
     Text1[19] = d.poblacion;
-    cboTipoViaIndex = indicePorCabeza(cboTipoVia, d.sg);
-    cboPaisIndex = indicePorCabeza(cboPais, d.pais);
+    cboTipoViaIndex = fnIndiceCombo(cboTipoVia, d.sg);
+    cboPaisIndex = fnIndiceCombo(cboPais, d.pais);
     cboProvinciasIndex =
-        d.provincia > 0 ? indicePorCabeza(cboProvincias, QString::number(d.provincia)) : -1;
+        d.provincia > 0 ? fnIndiceCombo(cboProvincias, QString::number(d.provincia)) : -1;
 }
 
 void frmEdicionFacturas::muestraTotales() {

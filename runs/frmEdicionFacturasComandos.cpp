@@ -12,7 +12,6 @@
 #include <Formato.h>
 #include <Interaccion.h>
 #include <MensajesMotor.h>
-#include <NombreCliente.h>
 #include <Transportes.h>
 #include <algorithm>
 #include <memory>
@@ -200,20 +199,9 @@ void frmEdicionFacturas::XPButton2() {
     }
     const bool fiscal =
         Ui().Pregunta(mensajes::kBuscarPorFiscal, mensajes::kTituloCambioCliente, true);
-    BdUtil util;
-    util.Prepara(bd_.cn());
-    const QString nombre = fnNombreCliente(
-        static_cast<int>(bd_.Parametros().Item(QStringLiteral("PAR_ORCONTANOM")).Entero()));
-    const std::optional<QStringList> cliente = elegido(
-        fiscal ? util.Busca(QStringLiteral(
-                                "SELECT CLI_ID, CLI_COD, %1 AS Cli_Nom FROM Cli ORDER BY CLI_COD")
-                                .arg(nombre),
-                            QStringLiteral("Cli_Nom"), QStringLiteral("Codigo"),
-                            QStringLiteral("Nombre"), mensajes::kBuscarClientesFiscal, 1300, 6000)
-               : util.Busca(
-                     QStringLiteral("SELECT CLI_ID, CLI_COD, CLI_COMER FROM Cli ORDER BY CLI_COD"),
-                     QStringLiteral("CLI_COMER"), QStringLiteral("Codigo"),
-                     QStringLiteral("Nombre"), mensajes::kBuscarClientesComercial, 1300, 6000));
+    const std::optional<ClienteElegido> cliente = fnBuscaCliente(
+        bd_, fiscal ? mensajes::kBuscarClientesFiscal : mensajes::kBuscarClientesComercial,
+        !fiscal);
     if (!cliente) {
         return;
     }
@@ -223,7 +211,7 @@ void frmEdicionFacturas::XPButton2() {
     }
     // The new customer's own terms, attention line, retention and fiscal
     // address replace what the screen shows.
-    e.idClienteNuevo = cliente->value(0).toInt();
+    e.idClienteNuevo = cliente->id;
     e.direccion.reset();
     e.atencion.reset();
     e.ctaCompensa.reset();
@@ -280,17 +268,9 @@ void frmEdicionFacturas::msOtraDireccion() {
     Text1[14] = t("DIR_LETRA");
     Text1[21] = t("DIR_CP");
     Text1[19] = t("DIR_POBLACION");
-    const auto indice = [](const QStringList& items, const QString& codigo) {
-        for (int i = 0; i < items.size(); ++i) {
-            if (items[i].section(QStringLiteral(" - "), 0, 0).trimmed() == codigo.trimmed()) {
-                return i;
-            }
-        }
-        return -1;
-    };
-    cboTipoViaIndex = indice(cboTipoVia, t("DIR_SG"));
-    cboPaisIndex = indice(cboPais, t("DIR_PAIS"));
-    cboProvinciasIndex = indice(cboProvincias, t("DIR_PROVINCIA"));
+    cboTipoViaIndex = fnIndiceCombo(cboTipoVia, t("DIR_SG"));
+    cboPaisIndex = fnIndiceCombo(cboPais, t("DIR_PAIS"));
+    cboProvinciasIndex = fnIndiceCombo(cboProvincias, t("DIR_PROVINCIA"));
 }
 
 void frmEdicionFacturas::cmdEmitir() {

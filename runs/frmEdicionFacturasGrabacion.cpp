@@ -85,10 +85,6 @@ EdicionFactura frmEdicionFacturas::edicionMostrada() const {
     }
     // The address is written only when a box changed; the invoice then keeps
     // it by value, as issued.
-    const auto cabeza = [](const QStringList& items, int i) {
-        return i >= 0 && i < items.size() ? items[i].section(QStringLiteral(" - "), 0, 0).trimmed()
-                                          : QString();
-    };
     DireccionFactura d;
     d.idDir = -1;
     d.nombre = Text1[23];
@@ -98,17 +94,18 @@ EdicionFactura frmEdicionFacturas::edicionMostrada() const {
     d.puerta = Text1[14];
     d.cp = Text1[21];
     d.poblacion = Text1[19];
-    d.sg = cboTipoViaIndex >= 0 ? cabeza(cboTipoVia, cboTipoViaIndex) : direccionCargada_.sg;
-    d.pais = cboPaisIndex >= 0 ? cabeza(cboPais, cboPaisIndex) : direccionCargada_.pais;
+    d.sg = cboTipoViaIndex >= 0 ? fnCabezaCombo(cboTipoVia, cboTipoViaIndex) : direccionCargada_.sg;
+    d.pais = cboPaisIndex >= 0 ? fnCabezaCombo(cboPais, cboPaisIndex) : direccionCargada_.pais;
     if (cboTipoViaIndex >= 0 && d.sg == direccionCargada_.sg.trimmed()) {
         d.sg = direccionCargada_.sg; // the stored code as it was, blanks and all
     }
     if (cboPaisIndex >= 0 && d.pais == direccionCargada_.pais.trimmed()) {
         d.pais = direccionCargada_.pais;
     }
-    d.provincia = cboProvinciasIndex >= 0
-                      ? static_cast<qint16>(cabeza(cboProvincias, cboProvinciasIndex).toInt())
-                      : direccionCargada_.provincia;
+    d.provincia =
+        cboProvinciasIndex >= 0
+            ? static_cast<qint16>(fnCabezaCombo(cboProvincias, cboProvinciasIndex).toInt())
+            : direccionCargada_.provincia;
     DireccionFactura cargada = direccionCargada_;
     cargada.idDir = -1;
     if (!(d == cargada)) {

@@ -4,7 +4,6 @@
 #include "MensajesRuns.h"
 
 #include <Ajustes.h>
-#include <BdUtil.h>
 #include <Descuentos.h>
 #include <DireccionFactura.h>
 #include <ErrorBd.h>
@@ -65,17 +64,11 @@ frmFacturasVenta::frmFacturasVenta(VKFACVENTAS& factura)
 
 void frmFacturasVenta::msBuscarCliente(qint32 nCodigo) {
     if (nCodigo <= -1) {
-        BdUtil util;
-        util.Prepara(bd_.cn());
-        const QString r = util.Busca(
-            QStringLiteral("SELECT Cli_ID, Cli_COD, %1 AS RSNOM FROM Cli").arg(nombreCliente_),
-            QStringLiteral("RSNOM"), QStringLiteral("Codigo"), QStringLiteral("Nombre"),
-            QStringLiteral("Buscar Clientes"), 1300, 6000);
-        if (r.size() > 2) {
-            const QStringList partes = r.split(BdUtil::kSeparador);
-            idClienteFiltro_ = partes.value(0).toInt();
-            Text1[0] = partes.value(1);
-            Text1[1] = partes.value(2);
+        if (const std::optional<ClienteElegido> c =
+                fnBuscaCliente(bd_, mensajes::kBuscarClientes)) {
+            idClienteFiltro_ = c->id;
+            Text1[0] = c->codigo;
+            Text1[1] = c->nombre;
         } else {
             idClienteFiltro_ = 0;
             Text1[0].clear();
