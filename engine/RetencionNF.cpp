@@ -19,23 +19,25 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
                        "RetNF_Estado FROM RetNF") +
             condicion + QStringLiteral(" ORDER BY RetNF_Id"),
         {f.IdFactu});
+    // What the row takes from the invoice, read once: to compare and to write.
+    const Recordset fav =
+        f.porcentajeretencionnf == 0
+            ? Recordset()
+            : cn.Execute(QStringLiteral(
+                             "SELECT fav_idcli, Fav_Fecha, Fav_Iretnf FROM Fav WHERE Fav_Id = ?"),
+                         {f.IdFactu});
     // A save that changes nothing of the retention leaves its row alone: an
     // invoice edited without changes keeps every row as it was.
-    if (f.porcentajeretencionnf != 0 && viejo.RecordCount() == 1) {
-        Recordset actual = cn.Execute(
-            QStringLiteral("SELECT fav_idcli, Fav_Fecha, Fav_Iretnf FROM Fav WHERE Fav_Id = ?"),
-            {f.IdFactu});
-        if (!actual.Eof() &&
-            viejo.Fields(QStringLiteral("RetNF_ImpRet")).Doble() ==
-                Redondea(actual.Fields(QStringLiteral("Fav_Iretnf")).Doble(), 2) &&
-            viejo.Fields(QStringLiteral("RetNF_Fecha")).Fecha() ==
-                actual.Fields(QStringLiteral("Fav_Fecha")).Fecha() &&
-            viejo.Fields(QStringLiteral("RetNF_IdClPr")).Entero() ==
-                actual.Fields(QStringLiteral("fav_idcli")).Entero() &&
-            viejo.Fields(QStringLiteral("RetNF_ImpPag")).Doble() == 0 &&
-            viejo.Fields(QStringLiteral("RetNF_Estado")).Entero() == 0) {
-            return;
-        }
+    if (!fav.Eof() && viejo.RecordCount() == 1 &&
+        viejo.Fields(QStringLiteral("RetNF_ImpRet")).Doble() ==
+            Redondea(fav.Fields(QStringLiteral("Fav_Iretnf")).Doble(), 2) &&
+        viejo.Fields(QStringLiteral("RetNF_Fecha")).Fecha() ==
+            fav.Fields(QStringLiteral("Fav_Fecha")).Fecha() &&
+        viejo.Fields(QStringLiteral("RetNF_IdClPr")).Entero() ==
+            fav.Fields(QStringLiteral("fav_idcli")).Entero() &&
+        viejo.Fields(QStringLiteral("RetNF_ImpPag")).Doble() == 0 &&
+        viejo.Fields(QStringLiteral("RetNF_Estado")).Entero() == 0) {
+        return;
     }
     QString mensaje;
     if (!viejo.Eof()) {
@@ -50,9 +52,6 @@ void msReescribeRetencionNF(VKFACVENTAS& f) {
     if (f.porcentajeretencionnf == 0) {
         return;
     }
-    Recordset fav = cn.Execute(
-        QStringLiteral("SELECT fav_idcli, Fav_Fecha, Fav_Iretnf FROM Fav WHERE Fav_Id = ?"),
-        {f.IdFactu});
     if (fav.Eof()) {
         throw ErrorRegla(mensajes::kFacturaNoExiste.arg(f.IdFactu), Error::kBuilder);
     }
