@@ -7,6 +7,7 @@
 
 #include <EmpresaDemo.h>
 #include <InteraccionGuion.h>
+#include <LanzadorPantallas.h>
 #include <QTemporaryDir>
 #include <RegistroSuite.h>
 #include <VKFACVENTAS.h>
@@ -30,6 +31,35 @@ inline std::vector<qint32> FacturaPendientesDemo(VKFACVENTAS& f, InteraccionGuio
     pantalla.cmdFacturar();
     return pantalla.facturasGeneradas;
 }
+
+// The demo company with its pending notes invoiced, and a scripted port that
+// answers yes: what the screens that show invoices start from.
+class DemoFacturadaPrueba : public PruebaMotores {
+protected:
+    void SetUp() override {
+        suite::RegistraComponentesSuite();
+        base = std::make_unique<BasePrueba>(GetParam());
+        bd = base->CreaEmpresa();
+        CreaDatosDemo(*bd);
+        factura = std::make_unique<VKFACVENTAS>();
+        factura->setMyBd(*bd);
+        usa = std::make_unique<UsaInteraccion>(guion);
+        guion.ResponderSiSiempre(true);
+        facturas = FacturaPendientesDemo(*factura, guion);
+        guion.vistos.clear();
+    }
+    void TearDown() override {
+        usa.reset();
+        EstableceLanzador(nullptr);
+    }
+
+    std::unique_ptr<BasePrueba> base;
+    std::unique_ptr<BdSesion> bd;
+    std::unique_ptr<VKFACVENTAS> factura;
+    InteraccionGuion guion;
+    std::unique_ptr<UsaInteraccion> usa;
+    std::vector<qint32> facturas;
+};
 
 // The demo company in its own data folder, with its logo, lots and packages
 // printed, and the interaction port answering yes.

@@ -36,24 +36,8 @@ QString texto(QWidget& w, const QString& caja) {
     return c ? c->text() : QString();
 }
 
-class EdicionFacturasVista : public PruebaMotores {
+class EdicionFacturasVista : public DemoFacturadaPrueba {
 protected:
-    void SetUp() override {
-        suite::RegistraComponentesSuite();
-        base = std::make_unique<BasePrueba>(GetParam());
-        bd = base->CreaEmpresa();
-        CreaDatosDemo(*bd);
-        factura = std::make_unique<VKFACVENTAS>();
-        factura->setMyBd(*bd);
-        usa = std::make_unique<UsaInteraccion>(guion);
-        guion.ResponderSiSiempre(true);
-        facturas = FacturaPendientesDemo(*factura, guion);
-        guion.vistos.clear();
-    }
-    void TearDown() override {
-        usa.reset();
-        EstableceLanzador(nullptr);
-    }
     qint64 cuenta(const QString& sql, const QVariantList& p = {}) {
         Recordset rs = bd->cn().Execute(sql, p);
         return rs.Fields(0).Entero();
@@ -67,13 +51,6 @@ protected:
             QStringLiteral("SELECT Fav_Id FROM Fav WHERE Fav_Serie = 'A' AND Fav_Numero = ?"),
             {numero}));
     }
-
-    std::unique_ptr<BasePrueba> base;
-    std::unique_ptr<BdSesion> bd;
-    std::unique_ptr<VKFACVENTAS> factura;
-    InteraccionGuion guion;
-    std::unique_ptr<UsaInteraccion> usa;
-    std::vector<qint32> facturas;
 };
 
 TEST_P(EdicionFacturasVista, LoadedInvoiceShowsItsHeaderTotalAndNotes) {

@@ -22,32 +22,7 @@
 namespace vk::prueba {
 namespace {
 
-class ManteRecibosVista : public PruebaMotores {
-protected:
-    void SetUp() override {
-        suite::RegistraComponentesSuite();
-        base = std::make_unique<BasePrueba>(GetParam());
-        bd = base->CreaEmpresa();
-        CreaDatosDemo(*bd);
-        factura = std::make_unique<VKFACVENTAS>();
-        factura->setMyBd(*bd);
-        usa = std::make_unique<UsaInteraccion>(guion);
-        guion.ResponderSiSiempre(true);
-        facturas = FacturaPendientesDemo(*factura, guion);
-        guion.vistos.clear();
-    }
-    void TearDown() override {
-        usa.reset();
-        EstableceLanzador(nullptr);
-    }
-
-    std::unique_ptr<BasePrueba> base;
-    std::unique_ptr<BdSesion> bd;
-    std::unique_ptr<VKFACVENTAS> factura;
-    InteraccionGuion guion;
-    std::unique_ptr<UsaInteraccion> usa;
-    std::vector<qint32> facturas;
-};
+using ManteRecibosVista = DemoFacturadaPrueba;
 
 TEST_P(ManteRecibosVista, ADueDateTypedAndAcceptedIsSaved) {
     ASSERT_FALSE(facturas.empty());
