@@ -62,16 +62,19 @@ void ImprimeImportes(const RegistroFactura& f, QTextStream& out) {
 
 void ImprimeFacturaEditada(const frmEdicionFacturas& p, const RegistroFactura& f,
                            QTextStream& out) {
-    out << QStringLiteral("Factura %1/%2 de %3").arg(f.SerieFactura).arg(f.NumeroFactura).arg(
-               fecha(f.FechaFactura))
+    out << QStringLiteral("Factura %1/%2 de %3")
+               .arg(f.SerieFactura)
+               .arg(f.NumeroFactura)
+               .arg(fecha(f.FechaFactura))
         << Qt::endl;
     out << QStringLiteral("Cliente: %1 %2, NIF %3")
                .arg(f.CliCod)
                .arg(f.CliNom.trimmed(), f.CliDoc.trimmed())
         << Qt::endl;
     QStringList calle;
-    if (p.cboTipoViaIndex >= 0 && p.cboTipoViaIndex < p.cboTipoVia.size()) {
-        calle << p.cboTipoVia[p.cboTipoViaIndex].section(QStringLiteral(" - "), 1).trimmed();
+    if (const CajasDireccion& d = p.direccion;
+        d.cboTipoViaIndex >= 0 && d.cboTipoViaIndex < d.cboTipoVia.size()) {
+        calle << d.cboTipoVia[d.cboTipoViaIndex].section(QStringLiteral(" - "), 1).trimmed();
     }
     for (const QString& parte : {p.Text1[23], p.Text1[18], p.Text1[16], p.Text1[15], p.Text1[14]}) {
         if (!parte.trimmed().isEmpty()) {
@@ -79,9 +82,9 @@ void ImprimeFacturaEditada(const frmEdicionFacturas& p, const RegistroFactura& f
         }
     }
     QStringList direccion;
-    for (const QString& parte : {calle.join(QLatin1Char(' ')),
-                                 (p.Text1[21].trimmed() + QLatin1Char(' ') + p.Text1[19].trimmed())
-                                     .trimmed()}) {
+    for (const QString& parte :
+         {calle.join(QLatin1Char(' ')),
+          (p.Text1[21].trimmed() + QLatin1Char(' ') + p.Text1[19].trimmed()).trimmed()}) {
         if (!parte.isEmpty()) {
             direccion << parte;
         }

@@ -10,6 +10,7 @@
 #include <ErrorBd.h>
 #include <Formato.h>
 #include <RegistroSuite.h>
+#include <ReglasFecha.h>
 #include <VKFACVENTAS.h>
 #include <frmBorradoFacturas.h>
 #include <frmEdicionFacturas.h>
@@ -400,21 +401,18 @@ int copia(const QStringList& args, QTextStream& out, QTextStream& err, bool abon
     }
     a.analiza(args);
     const std::optional<QString> destino = a.serie(QStringLiteral("serie-destino"));
-    const QDate fecha = a.fecha(QStringLiteral("fecha")).value_or(QDate::currentDate());
+    const std::optional<QDate> fecha = a.fecha(QStringLiteral("fecha"));
     const std::optional<qint32> codigo =
         abono ? std::nullopt : a.entero(QStringLiteral("cliente"), 1, kMaximo);
 
     Edicion e = abre(a, out, err, true);
-    CopiaFactura c;
-    c.idOrigen = e.pantalla->IdFactura();
-    c.serie = destino.value_or(e.pantalla->Text1[0]);
-    c.fecha = fecha;
-    c.abono = abono;
-    if (codigo) {
-        c.idCliente = CompruebaCliente(*e.bd, *codigo);
-    }
+    const std::optional<qint32> idCliente =
+        codigo ? std::optional<qint32>(CompruebaCliente(*e.bd, *codigo)) : std::nullopt;
     const QString origen = e.pantalla->Text1[0] + QLatin1Char('/') + e.pantalla->Text1[1];
-    const ResultadoFacturacion r = msCopiaFactura(*e.factura, c);
+    const ResultadoFacturacion r = msCopiaFactura(
+        *e.factura,
+        fnCopiaDe(*e.bd, e.pantalla->IdFactura(), destino.value_or(e.pantalla->Text1[0]),
+                  fecha.value_or(fnFechaServidor(*e.bd)), idCliente, abono));
     if (!r.Creada()) {
         throw Error(mensajes::kCopiaNoHecha.arg(r.motivo), r.detalle);
     }

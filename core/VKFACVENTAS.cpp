@@ -76,6 +76,10 @@ void VKFACVENTAS::jFacturasVenta() {
     muestra(QStringLiteral("frmFacturasVenta"));
 }
 
+void VKFACVENTAS::jBorradoFacturas() {
+    muestra(QStringLiteral("frmBorradoFacturas"));
+}
+
 void VKFACVENTAS::jFacturasContrataciones() {
     muestra(QStringLiteral("frmFacturaContrataciones"));
 }

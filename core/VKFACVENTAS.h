@@ -59,6 +59,9 @@ public:
     // --- screen entries (through the host's screen launcher) ---
     void jEditaFactura(const QString& sSerie, qint32 nNumero, bool bSoloLectura = false);
     void jFacturasVenta();
+    // The batch deletion of invoices: the desktop's menu reaches it here like
+    // every other screen; it refuses anyone but an administrator itself.
+    void jBorradoFacturas();
     void jFacturasContrataciones();
     void jInformeFacturasVenta();
     void jComparaVentas();

@@ -13,15 +13,27 @@ namespace vk {
 
 class VKFACVENTAS;
 
+class BdSesion;
+class RegistroFactura;
+
 struct CopiaFactura {
     qint32 idOrigen = 0;
-    QString serie; // of the new invoice, which takes the next number there
-    QDate fecha;
-    // Another customer: its payment terms (unless it has none), attention
-    // line, retention and fiscal address.
-    std::optional<qint32> idCliente;
+    // The new invoice's header: its series (where it takes the next number),
+    // date, customer, address, payment terms, discounts and remarks.
+    CabeceraFactura cabecera;
     bool abono = false;
 };
+
+// The header a copy takes unless a person changes it: the source's data or,
+// for another customer, that customer's payment terms (unless it has none),
+// attention line, retention and fiscal address. Series and date are left for
+// the caller. Throws ErrorRegla when the customer does not exist.
+CabeceraFactura fnCabeceraCopia(BdSesion& bd, const RegistroFactura& origen,
+                                std::optional<qint32> idCliente = std::nullopt);
+// The copy of invoice `idOrigen` with that header, in `serie` on `fecha`.
+// Throws ErrorRegla when the source or the customer does not exist.
+CopiaFactura fnCopiaDe(BdSesion& bd, qint32 idOrigen, const QString& serie, const QDate& fecha,
+                       std::optional<qint32> idCliente, bool abono);
 
 // In one transaction: for each note of the source, a new note of the suite's
 // delivery note class (VKALBARANES.VKAlbVentas, msCopiaAlbaran; negated for a

@@ -32,6 +32,14 @@ std::optional<QDate> fechaVecina(BdSesion& bd, const QString& serie, qint32 nume
 
 } // namespace
 
+QDate fnFechaServidor(BdSesion& bd) {
+    Conexion& cn = bd.cn();
+    const QDate hoy =
+        cn.Execute(QStringLiteral("SELECT ") + cn.dialecto().fechaActual()).Fields(0).Fecha();
+    // A server that gives no date leaves this machine's.
+    return hoy.isValid() ? hoy : QDate::currentDate();
+}
+
 QDate fnLeeFecha(const QString& texto) {
     const QString t = texto.trimmed();
     for (const char* forma : {"dd/MM/yyyy", "d/M/yyyy", "yyyy-MM-dd"}) {

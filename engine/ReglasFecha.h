@@ -36,6 +36,10 @@ inline bool fnFechaFacturaAdmisible(const QDate& fecha) {
     return fecha.isValid() && fecha >= kPrimeraFechaFactura && fecha <= kUltimaFechaFactura;
 }
 
+// Today on the database server: every user of a company dates alike, whatever
+// their own machine's clock says.
+QDate fnFechaServidor(BdSesion& bd);
+
 // Reads a date typed by a person (dd/mm/yyyy, d/m/yy or yyyy-mm-dd); throws
 // ErrorRegla when the text is not a date.
 QDate fnLeeFecha(const QString& texto);

@@ -13,18 +13,25 @@
 
 namespace vk {
 
+namespace {
+
+const QString kMascaraPorcentaje = QStringLiteral("##0.00");
+
+} // namespace
+
 frmCopiaFacturas::frmCopiaFacturas(VKFACVENTAS& factura, qint32 idOrigen)
     : factura_(factura), bd_(factura.MyBd()), idOrigen_(idOrigen) {
     Caption = mensajes::kTituloCopia;
-    RegistroFactura origen;
-    if (!fnCargaFactura(bd_.cn(), origen, idOrigen)) {
+    if (!fnCargaFactura(bd_.cn(), origen_, idOrigen)) {
         throw ErrorRegla(mensajes::kFacturaInexistente);
     }
-    Text1[0] = origen.SerieFactura.trimmed();
-    Text1[1] = QString::number(origen.NumeroFactura);
-    Text1[2] = Format(QDate::currentDate(), QStringLiteral("dd/mm/yyyy"));
-    lblCliente = QString::number(origen.CliCod) + QStringLiteral(" - ") + origen.CliNom.trimmed();
-    muestraCliente(origen.IdCliente);
+    direccion.CargaCombos(bd_);
+    cboFpago = QStringList{mensajes::kSinAsignar} + msCargarFormasCobro(bd_);
+    Text1[0] = origen_.SerieFactura.trimmed();
+    Text1[1] = QString::number(origen_.NumeroFactura);
+    Text1[2] = Format(fnFechaServidor(bd_), QStringLiteral("dd/mm/yyyy"));
+    lblCliente = QString::number(origen_.CliCod) + QStringLiteral(" - ") + origen_.CliNom.trimmed();
+    muestra(fnCabeceraCopia(bd_, origen_));
     for (Recordset rs = bd_.cn().Execute(
              QStringLiteral("SELECT Cav_Serie, Cav_Numero, Cav_Fecha FROM Cav WHERE "
                             "Cav_IdFactura = ? ORDER BY Cav_Fecha, Cav_Id"),
@@ -42,20 +49,49 @@ frmCopiaFacturas::frmCopiaFacturas(VKFACVENTAS& factura, qint32 idOrigen)
     cboSeriesIndex = static_cast<int>(cboSeries.indexOf(Text1[0]));
 }
 
+void frmCopiaFacturas::muestra(const CabeceraFactura& h) {
+    cabecera_ = h;
+    direccion.Muestra(h.direccion.value_or(DireccionFactura{}));
+    Text1[20] = Format(h.dto1, kMascaraPorcentaje);
+    Text1[22] = Format(h.dto2, kMascaraPorcentaje);
+    Text1[24] = h.atencion;
+    txtFavObs = h.observaciones;
+    cboFpagoIndex =
+        h.idFco > 0 ? fnIndiceCombo(cboFpago, Format(h.idFco, QStringLiteral("00"))) : 0;
+    if (cboFpagoIndex < 0) {
+        cboFpagoIndex = 0;
+    }
+    const Recordset cli = bd_.cn().Execute(
+        QStringLiteral("SELECT CLI_OBSER FROM Cli WHERE Cli_Id = ?"), {h.idCliente});
+    lblCliObs = cli.Eof() ? QString() : cli.Fields(0).Texto();
+}
+
+CabeceraFactura frmCopiaFacturas::cabeceraMostrada() const {
+    CabeceraFactura h = cabecera_;
+    h.serie = Text1[0].trimmed();
+    h.fecha = fnLeeFecha(Text1[2]);
+    h.direccion = direccion.Leida();
+    h.dto1 = LeeNumeroTecleado(Text1[20]).value_or(cabecera_.dto1);
+    h.dto2 = LeeNumeroTecleado(Text1[22]).value_or(cabecera_.dto2);
+    h.atencion = Text1[24];
+    h.observaciones = txtFavObs;
+    if (cboFpagoIndex >= 0 && cboFpagoIndex < cboFpago.size()) {
+        h.idFco = fnIdCombo(cboFpago[cboFpagoIndex]);
+    }
+    return h;
+}
+
 void frmCopiaFacturas::XPButton2() {
     const std::optional<ClienteElegido> cliente = fnBuscaCliente(bd_, mensajes::kBuscarClientes);
     if (!cliente) {
         return;
     }
-    idCliente_ = cliente->id;
+    muestra(fnCabeceraCopia(bd_, origen_, cliente->id));
     lblCliente = cliente->codigo.trimmed() + QStringLiteral(" - ") + cliente->nombre.trimmed();
-    muestraCliente(*idCliente_);
 }
 
-void frmCopiaFacturas::muestraCliente(qint32 idCliente) {
-    const Recordset cli =
-        bd_.cn().Execute(QStringLiteral("SELECT CLI_OBSER FROM Cli WHERE Cli_Id = ?"), {idCliente});
-    lblCliObs = cli.Eof() ? QString() : cli.Fields(0).Texto();
+void frmCopiaFacturas::cmdDir() {
+    direccion.OtraDireccion(bd_, cabecera_.idCliente, mensajes::kOtrasDirecciones);
 }
 
 bool frmCopiaFacturas::cmdCopiar() {
@@ -65,14 +101,12 @@ bool frmCopiaFacturas::cmdCopiar() {
     }
     CopiaFactura c;
     try {
-        c.fecha = fnLeeFecha(Text1[2]);
+        c.cabecera = cabeceraMostrada();
     } catch (const ErrorRegla& e) {
         Ui().Mensaje(e.Mensaje(), Icono::Aviso, Caption);
         return false;
     }
     c.idOrigen = idOrigen_;
-    c.serie = Text1[0].trimmed();
-    c.idCliente = idCliente_;
     c.abono = Check1;
     const ResultadoFacturacion r = msCopiaFactura(factura_, c);
     if (!r.Creada()) {

@@ -25,16 +25,6 @@ QString importe(double valor) {
     return Format(valor, kMascaraImporte);
 }
 
-// Items "code - name" of a reference table.
-QStringList elementos(BdSesion& bd, const QString& sql) {
-    QStringList r;
-    for (Recordset rs = bd.cn().Execute(sql); !rs.Eof(); rs.MoveNext()) {
-        r << rs.Fields(0).Texto().trimmed() + QStringLiteral(" - ") +
-                 rs.Fields(1).Texto().trimmed();
-    }
-    return r;
-}
-
 } // namespace
 
 frmEdicionFacturas::frmEdicionFacturas(VKFACVENTAS& factura, const QString& sSerie, qint32 nNumero,
@@ -47,7 +37,8 @@ frmEdicionFacturas::frmEdicionFacturas(VKFACVENTAS& factura, const QString& sSer
     }
     mnuTransporte_Visible = par.Item(QStringLiteral("Par_DiseñoFactura")).Entero() == 4 ||
                             par.Item(QStringLiteral("Par_ModTransportes")).Entero() == 1;
-    cargaCombos();
+    direccion.CargaCombos(bd_);
+    cboFpago = QStringList{mensajes::kSinAsignar} + msCargarFormasCobro(bd_);
     if (bSoloLectura) {
         cmdActualiza_Enabled = cmdBorrar_Enabled = XPButton2_Enabled = false;
         Frame2_Enabled = Frame3_Enabled = Frame5_Enabled = false;
@@ -57,16 +48,6 @@ frmEdicionFacturas::frmEdicionFacturas(VKFACVENTAS& factura, const QString& sSer
     if (nNumero > 0) {
         msCargarFactura();
     }
-}
-
-void frmEdicionFacturas::cargaCombos() {
-    cboTipoVia = elementos(bd_, QStringLiteral("SELECT TVI_COD, TVI_NOM FROM vkcomun.TVI "
-                                               "ORDER BY TVI_COD"));
-    cboPais = elementos(bd_, QStringLiteral("SELECT PAIS_COD, PAIS_NOM FROM vkcomun.PAIS ORDER "
-                                            "BY PAIS_NOM"));
-    cboProvincias = elementos(bd_, QStringLiteral("SELECT PROV_COD, PROV_NOM FROM vkcomun.PROV "
-                                                  "ORDER BY PROV_COD"));
-    cboFpago = QStringList{mensajes::kSinAsignar} + msCargarFormasCobro(bd_);
 }
 
 bool frmEdicionFacturas::msCargarFactura() {
@@ -145,22 +126,8 @@ void frmEdicionFacturas::recarga() {
 
 void frmEdicionFacturas::muestraDireccion() {
     const RegistroFactura& f = cargada_;
-    direccionDeDir_ = f.idDir > 0;
     // An invoice that points at an address shows it as it is now.
-    const DireccionFactura d =
-        direccionDeDir_ ? fnDireccionDir(bd_, f.idDir) : fnDireccionDeRegistro(f);
-    direccionCargada_ = d;
-    Text1[23] = d.nombre;
-    Text1[18] = d.numero;
-    Text1[16] = d.escalera;
-    Text1[15] = d.piso;
-    Text1[14] = d.puerta;
-    Text1[21] = d.cp;
-    Text1[19] = d.poblacion;
-    cboTipoViaIndex = fnIndiceCombo(cboTipoVia, d.sg);
-    cboPaisIndex = fnIndiceCombo(cboPais, d.pais);
-    cboProvinciasIndex =
-        d.provincia > 0 ? fnIndiceCombo(cboProvincias, QString::number(d.provincia)) : -1;
+    direccion.Muestra(f.idDir > 0 ? fnDireccionDir(bd_, f.idDir) : fnDireccionDeRegistro(f));
 }
 
 void frmEdicionFacturas::muestraTotales() {

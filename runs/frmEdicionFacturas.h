@@ -13,6 +13,8 @@
 // customer, addresses, issue, transport legs).
 #pragma once
 
+#include "CajasDireccion.h"
+
 #include <EdicionFactura.h>
 #include <QDate>
 #include <QString>
@@ -80,10 +82,11 @@ public:
     QString lblRetencionNF;
     QString lblLiquido;
 
+    // The address boxes of Text1 and their combos.
+    CajasDireccion direccion{Text1};
     // Combos: items "code - name" and the selected index (-1 none).
-    QStringList cboTipoVia, cboPais, cboProvincias, cboFpago, cboSeries;
-    int cboTipoViaIndex = -1, cboPaisIndex = -1, cboProvinciasIndex = -1, cboFpagoIndex = -1,
-        cboSeriesIndex = -1;
+    QStringList cboFpago, cboSeries;
+    int cboFpagoIndex = -1, cboSeriesIndex = -1;
 
     bool Check1 = false; // "Total Manual"
     bool Check2 = false; // "Total RCA": rectifying for creditors' proceedings
@@ -159,7 +162,6 @@ private:
     // Loads the invoice shown again after a command; when another user
     // deleted it meanwhile, says so and leaves the screen empty.
     void recarga();
-    void cargaCombos();
     void msCargarAlbaranes();
     void muestraTotales();
     void muestraDireccion();
@@ -179,8 +181,6 @@ private:
     // False, after saying "Factura Inexistente", when another user deleted
     // the invoice shown.
     bool sigueExistiendo();
-    // cmdDir's lookup and the boxes it fills.
-    void msOtraDireccion();
     // The suite's transport class on this session.
     std::unique_ptr<class VKTrans> transportes() const;
     std::optional<qint32> albaranTecleado() const;
@@ -191,8 +191,6 @@ private:
     // The invoice as stored at the last load, to tell what the screen changed.
     RegistroFactura cargada_;
     bool cargandoCheck_ = false;
-    bool direccionDeDir_ = false;
-    DireccionFactura direccionCargada_; // as shown at the last load
 };
 
 } // namespace vk

@@ -7,7 +7,6 @@
 
 #include <AlbaranesVentas.h>
 #include <BdSesion.h>
-#include <BdUtil.h>
 #include <ErrorBd.h>
 #include <Formato.h>
 #include <Interaccion.h>
@@ -18,18 +17,6 @@
 #include <set>
 
 namespace vk {
-
-namespace {
-
-// The row of a lookup list the person chose: id, code, name.
-std::optional<QStringList> elegido(const QString& resultado) {
-    if (resultado.size() <= 2) {
-        return std::nullopt;
-    }
-    return resultado.split(BdUtil::kSeparador);
-}
-
-} // namespace
 
 std::optional<qint32> frmEdicionFacturas::albaranTecleado() const {
     const Recordset rs = bd_.cn().Execute(
@@ -236,41 +223,7 @@ void frmEdicionFacturas::cmdDir() {
         return;
     }
     // A lookup that fails is told, like any command.
-    intenta([&] { msOtraDireccion(); });
-}
-
-void frmEdicionFacturas::msOtraDireccion() {
-    BdUtil util;
-    util.Prepara(bd_.cn());
-    const std::optional<QStringList> dir = elegido(util.Busca(
-        QStringLiteral(
-            "SELECT DIR_ID, DIR_POBLACION, COALESCE(DIR_NOMBRE, '') || ' ' || "
-            "COALESCE(CAST(DIR_NUMERO AS TEXT), '') AS Direccion FROM CliDir INNER JOIN Dir ON "
-            "DIR_ID = CLIDIR_DIR WHERE CLIDIR_CLI = ? ORDER BY DIR_FISCAL DESC, DIR_ID"),
-        {cargada_.IdCliente}, QStringLiteral("Direccion"), QStringLiteral("Población"),
-        QStringLiteral("Dirección"), mensajes::kOtrasDirecciones, 2500, 5000));
-    if (!dir) {
-        return;
-    }
-    const Recordset rs = bd_.cn().Execute(
-        QStringLiteral("SELECT DIR_SG, DIR_NOMBRE, DIR_NUMERO, DIR_LETRA, DIR_ESCALERA, DIR_PISO, "
-                       "DIR_CP, DIR_PAIS, DIR_PROVINCIA, DIR_POBLACION FROM Dir WHERE Dir_Id = ?"),
-        {dir->value(0).toInt()});
-    if (rs.Eof()) {
-        return;
-    }
-    const auto t = [&rs](const char* c) { return rs.Fields(QString::fromLatin1(c)).Texto(); };
-    Text1[23] = t("DIR_NOMBRE");
-    Text1[18] = t("DIR_NUMERO");
-    Text1[16] = t("DIR_ESCALERA");
-    Text1[15] = t("DIR_PISO");
-    // Here the door takes the address's letter.
-    Text1[14] = t("DIR_LETRA");
-    Text1[21] = t("DIR_CP");
-    Text1[19] = t("DIR_POBLACION");
-    cboTipoViaIndex = fnIndiceCombo(cboTipoVia, t("DIR_SG"));
-    cboPaisIndex = fnIndiceCombo(cboPais, t("DIR_PAIS"));
-    cboProvinciasIndex = fnIndiceCombo(cboProvincias, t("DIR_PROVINCIA"));
+    intenta([&] { direccion.OtraDireccion(bd_, cargada_.IdCliente, mensajes::kOtrasDirecciones); });
 }
 
 void frmEdicionFacturas::cmdEmitir() {

@@ -85,31 +85,8 @@ EdicionFactura frmEdicionFacturas::edicionMostrada() const {
     }
     // The address is written only when a box changed; the invoice then keeps
     // it by value, as issued.
-    DireccionFactura d;
-    d.idDir = -1;
-    d.nombre = Text1[23];
-    d.numero = Text1[18];
-    d.escalera = Text1[16];
-    d.piso = Text1[15];
-    d.puerta = Text1[14];
-    d.cp = Text1[21];
-    d.poblacion = Text1[19];
-    d.sg = cboTipoViaIndex >= 0 ? fnCabezaCombo(cboTipoVia, cboTipoViaIndex) : direccionCargada_.sg;
-    d.pais = cboPaisIndex >= 0 ? fnCabezaCombo(cboPais, cboPaisIndex) : direccionCargada_.pais;
-    if (cboTipoViaIndex >= 0 && d.sg == direccionCargada_.sg.trimmed()) {
-        d.sg = direccionCargada_.sg; // the stored code as it was, blanks and all
-    }
-    if (cboPaisIndex >= 0 && d.pais == direccionCargada_.pais.trimmed()) {
-        d.pais = direccionCargada_.pais;
-    }
-    d.provincia =
-        cboProvinciasIndex >= 0
-            ? static_cast<qint16>(fnCabezaCombo(cboProvincias, cboProvinciasIndex).toInt())
-            : direccionCargada_.provincia;
-    DireccionFactura cargada = direccionCargada_;
-    cargada.idDir = -1;
-    if (!(d == cargada)) {
-        e.direccion = d;
+    if (direccion.Cambiada()) {
+        e.direccion = direccion.Leida();
     }
     return e;
 }

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -72,6 +73,26 @@ QTableView* NuevaRejilla(QWidget* padre, const QString& nombre, QAbstractItemMod
 
 QString TextoCelda(const QVariant& v) {
     return v.isNull() ? QString() : v.toString().trimmed();
+}
+
+QComboBox* NuevoCombo(QWidget* padre, const QString& nombre) {
+    auto* c = new QComboBox(padre);
+    c->setObjectName(nombre);
+    c->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    c->setMinimumContentsLength(8);
+    return c;
+}
+
+void RellenaCombo(QComboBox* combo, const QStringList& elementos, int indice) {
+    bool iguales = combo->count() == elementos.size();
+    for (int i = 0; iguales && i < combo->count(); ++i) {
+        iguales = combo->itemText(i) == elementos[i];
+    }
+    if (!iguales) {
+        combo->clear();
+        combo->addItems(elementos);
+    }
+    combo->setCurrentIndex(indice >= 0 && indice < combo->count() ? indice : -1);
 }
 
 void PonTexto(QLineEdit* caja, const QString& texto) {

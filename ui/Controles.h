@@ -14,6 +14,7 @@ class QTableWidgetItem;
 class QLineEdit;
 class QPushButton;
 class QCheckBox;
+class QComboBox;
 class QTableView;
 class QTableWidget;
 class QVariant;
@@ -27,6 +28,11 @@ QString NombreControl(const QString& control, int indice);
 QLineEdit* NuevaCaja(QWidget* padre, const QString& nombre);
 QPushButton* NuevoBoton(QWidget* padre, const QString& nombre, const QString& texto);
 QCheckBox* NuevaCasilla(QWidget* padre, const QString& nombre, const QString& texto);
+// A combo that shrinks to a few characters on a small screen.
+QComboBox* NuevoCombo(QWidget* padre, const QString& nombre);
+// Puts a model's items in a combo when they changed, and selects `indice`
+// (-1 or out of range: none).
+void RellenaCombo(QComboBox* combo, const QStringList& elementos, int indice);
 // A read-only grid that selects whole rows.
 QTableWidget* NuevaRejilla(QWidget* padre, const QString& nombre, const QStringList& cabeceras);
 // The same grid over a model, which gives its headers: for lists too long

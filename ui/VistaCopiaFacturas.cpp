@@ -1,5 +1,6 @@
 #include "VistaCopiaFacturas.h"
 
+#include "CamposDireccion.h"
 #include "Controles.h"
 
 #include <ErrorBd.h>
@@ -8,10 +9,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -23,21 +26,63 @@ VistaCopiaFacturas::VistaCopiaFacturas(frmCopiaFacturas& modelo, QWidget* padre)
     : QDialog(padre), modelo_(modelo) {
     setObjectName(modelo.Nombre());
     setWindowTitle(modelo.Caption);
-
-    Text1_0_ = NuevaCaja(this, NombreControl(QStringLiteral("Text1"), 0));
-    Text1_0_->setMaxLength(2);
-    cboSeries_ = new QComboBox(this);
-    cboSeries_->setObjectName(QStringLiteral("cboSeries"));
-    Text1_2_ = NuevaCaja(this, NombreControl(QStringLiteral("Text1"), 2));
+    for (int i : {0, 2, 20, 22, 24}) {
+        Text1_[i] = NuevaCaja(this, NombreControl(QStringLiteral("Text1"), i));
+    }
+    Text1_[0]->setMaxLength(2);
+    Text1_[0]->setMaximumWidth(50);
+    Text1_[2]->setMaximumWidth(100);
+    Text1_[2]->setPlaceholderText(QStringLiteral("dd/mm/aaaa"));
+    cboSeries_ = NuevoCombo(this, QStringLiteral("cboSeries"));
     lblCliente_ = new QLabel(this);
     lblCliente_->setObjectName(QStringLiteral("lblCliente"));
+    lblCliente_->setStyleSheet(QStringLiteral("font-weight: bold;"));
     QPushButton* XPButton2 =
         NuevoBoton(this, QStringLiteral("XPButton2"), QStringLiteral("Cambiar &Cliente"));
-    lblCliObs_ = new QLabel(this);
+
+    // --- the new invoice's data ---
+    auto* Frame2 = new QGroupBox(QStringLiteral("Datos de la factura"), this);
+    Frame2->setObjectName(QStringLiteral("Frame2"));
+    direccion_ = std::make_unique<CamposDireccion>(Frame2, Text1_);
+    cboFpago_ = NuevoCombo(Frame2, QStringLiteral("cboFpago"));
+    QPushButton* cmdDir =
+        NuevoBoton(Frame2, QStringLiteral("cmdDir"), QStringLiteral("Otras &direcciones"));
+    for (int i : {20, 22}) {
+        Text1_[i]->setMaximumWidth(70);
+        Text1_[i]->setAlignment(Qt::AlignRight);
+    }
+    txtFavObs_ = new QPlainTextEdit(Frame2);
+    txtFavObs_->setObjectName(QStringLiteral("txtFavObs"));
+    txtFavObs_->setTabChangesFocus(true);
+    txtFavObs_->setFixedHeight(txtFavObs_->fontMetrics().lineSpacing() * 3 + 12);
+    lblCliObs_ = new QLabel(Frame2);
     lblCliObs_->setObjectName(QStringLiteral("lblCliObs"));
     lblCliObs_->setWordWrap(true);
-    dbgAlbaranes_ = NuevaRejilla(this, QStringLiteral("dbgAlbaranes"),
+    lblCliObs_->setStyleSheet(QStringLiteral("color: #8a1c1c;"));
+    lblCliObs_->setToolTip(QStringLiteral("Observaciones del Cliente"));
+    auto* gDatos = new QGridLayout(Frame2);
+    direccion_->Coloca(*gDatos, 0);
+    gDatos->addWidget(NuevaEtiqueta(Frame2, QStringLiteral("Forma de cobro"), cboFpago_), 4, 0);
+    gDatos->addWidget(cboFpago_, 4, 1, 1, 4);
+    gDatos->addWidget(cmdDir, 4, 5, 1, 3);
+    gDatos->addWidget(NuevaEtiqueta(Frame2, QStringLiteral("Dto1"), Text1_[20]), 5, 0);
+    gDatos->addWidget(Text1_[20], 5, 1);
+    gDatos->addWidget(NuevaEtiqueta(Frame2, QStringLiteral("Dto2"), Text1_[22]), 5, 2);
+    gDatos->addWidget(Text1_[22], 5, 3);
+    gDatos->addWidget(NuevaEtiqueta(Frame2, QStringLiteral("A/A: "), Text1_[24]), 6, 0);
+    gDatos->addWidget(Text1_[24], 6, 1, 1, 7);
+    gDatos->addWidget(NuevaEtiqueta(Frame2, QStringLiteral("Observaciones"), txtFavObs_), 7, 0,
+                      Qt::AlignTop);
+    gDatos->addWidget(txtFavObs_, 7, 1, 1, 7);
+    gDatos->addWidget(lblCliObs_, 8, 0, 1, 8);
+    gDatos->setColumnStretch(3, 1);
+    gDatos->setColumnStretch(5, 1);
+
+    auto* fraAlbaranes = new QGroupBox(QStringLiteral("ALBARANES DE LA FACTURA"), this);
+    auto* capaAlbaranes = new QVBoxLayout(fraAlbaranes);
+    dbgAlbaranes_ = NuevaRejilla(fraAlbaranes, QStringLiteral("dbgAlbaranes"),
                                  {QStringLiteral("Albaran"), QStringLiteral("Fecha")});
+    capaAlbaranes->addWidget(dbgAlbaranes_);
     Check1_ =
         NuevaCasilla(this, QStringLiteral("Check1"), QStringLiteral("Factura Rectificativa/Abono"));
     Check2_ = NuevaCasilla(this, QStringLiteral("Check2"), QStringLiteral("Factura a Origen"));
@@ -46,16 +91,18 @@ VistaCopiaFacturas::VistaCopiaFacturas(frmCopiaFacturas& modelo, QWidget* padre)
     QPushButton* cmdSalir =
         NuevoBoton(this, QStringLiteral("cmdSalir"), QStringLiteral("Cancelar Copia"));
 
-    auto* datos = new QGridLayout;
-    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("&Serie"), Text1_0_), 0, 0);
-    datos->addWidget(Text1_0_, 0, 1);
-    datos->addWidget(cboSeries_, 0, 2);
-    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("&Fecha"), Text1_2_), 1, 0);
-    datos->addWidget(Text1_2_, 1, 1);
-    datos->addWidget(NuevaEtiqueta(this, QStringLiteral("Cliente")), 2, 0);
-    datos->addWidget(lblCliente_, 2, 1, 1, 2);
-    datos->addWidget(XPButton2, 2, 3);
-    datos->addWidget(lblCliObs_, 3, 1, 1, 3);
+    auto* cabecera = new QHBoxLayout;
+    cabecera->addWidget(NuevaEtiqueta(this, QStringLiteral("&Serie"), Text1_[0]));
+    cabecera->addWidget(Text1_[0]);
+    cabecera->addWidget(cboSeries_);
+    cabecera->addSpacing(12);
+    cabecera->addWidget(NuevaEtiqueta(this, QStringLiteral("&Fecha"), Text1_[2]));
+    cabecera->addWidget(Text1_[2]);
+    cabecera->addStretch();
+    auto* cliente = new QHBoxLayout;
+    cliente->addWidget(NuevaEtiqueta(this, QStringLiteral("Cliente")));
+    cliente->addWidget(lblCliente_, 1);
+    cliente->addWidget(XPButton2);
     auto* casillas = new QHBoxLayout;
     casillas->addWidget(Check1_);
     casillas->addWidget(Check2_);
@@ -65,35 +112,27 @@ VistaCopiaFacturas::VistaCopiaFacturas(frmCopiaFacturas& modelo, QWidget* padre)
     botones->addWidget(cmdCopiar);
     botones->addWidget(cmdSalir);
     auto* capa = new QVBoxLayout(this);
-    capa->addLayout(datos);
-    capa->addWidget(dbgAlbaranes_, 1);
+    capa->addLayout(cabecera);
+    capa->addLayout(cliente);
+    capa->addWidget(Frame2);
+    capa->addWidget(fraAlbaranes, 1);
     capa->addLayout(casillas);
     capa->addLayout(botones);
 
     refresca();
-    resize(520, 420);
+    resize(640, 640);
 
     // Choosing a series from the list writes it in the box, which is what
     // the copy takes.
     QObject::connect(cboSeries_, &QComboBox::activated, this,
-                     [this](int i) { Text1_0_->setText(cboSeries_->itemText(i)); });
-    QObject::connect(XPButton2, &QPushButton::clicked, this, [this] {
-        aModelo();
-        try {
-            modelo_.XPButton2();
-        } catch (const Error& e) {
-            Ui().Mensaje(e.Mensaje(), Icono::Error, modelo_.Caption);
-        }
-        refresca();
-    });
+                     [this](int i) { Text1_[0]->setText(cboSeries_->itemText(i)); });
+    QObject::connect(XPButton2, &QPushButton::clicked, this,
+                     [this] { orden([this] { modelo_.XPButton2(); }); });
+    QObject::connect(cmdDir, &QPushButton::clicked, this,
+                     [this] { orden([this] { modelo_.cmdDir(); }); });
     QObject::connect(cmdCopiar, &QPushButton::clicked, this, [this] {
-        aModelo();
         bool hecha = false;
-        try {
-            hecha = modelo_.cmdCopiar();
-        } catch (const Error& e) {
-            Ui().Mensaje(e.Mensaje(), Icono::Error, modelo_.Caption);
-        }
+        orden([this, &hecha] { hecha = modelo_.cmdCopiar(); });
         if (hecha) {
             accept();
         }
@@ -104,22 +143,44 @@ VistaCopiaFacturas::VistaCopiaFacturas(frmCopiaFacturas& modelo, QWidget* padre)
     });
 }
 
+VistaCopiaFacturas::~VistaCopiaFacturas() = default;
+
+template <typename F> void VistaCopiaFacturas::orden(F&& f) {
+    aModelo();
+    try {
+        f();
+    } catch (const Error& e) {
+        Ui().Mensaje(e.Mensaje(), Icono::Error, modelo_.Caption);
+    }
+    refresca();
+}
+
 void VistaCopiaFacturas::aModelo() {
-    modelo_.Text1[0] = Text1_0_->text();
-    modelo_.Text1[2] = Text1_2_->text();
+    for (std::size_t i = 0; i < Text1_.size(); ++i) {
+        if (Text1_[i]) {
+            modelo_.Text1[i] = Text1_[i]->text();
+        }
+    }
+    direccion_->AModelo(modelo_.direccion);
+    modelo_.cboFpagoIndex = cboFpago_->currentIndex();
     modelo_.cboSeriesIndex = cboSeries_->currentIndex();
+    modelo_.txtFavObs = txtFavObs_->toPlainText();
     modelo_.Check1 = Check1_->isChecked();
     modelo_.Check2 = Check2_->isChecked();
 }
 
 void VistaCopiaFacturas::refresca() {
-    PonTexto(Text1_0_, modelo_.Text1[0]);
-    PonTexto(Text1_2_, modelo_.Text1[2]);
-    if (cboSeries_->count() != modelo_.cboSeries.size()) {
-        cboSeries_->clear();
-        cboSeries_->addItems(modelo_.cboSeries);
+    for (std::size_t i = 0; i < Text1_.size(); ++i) {
+        if (Text1_[i]) {
+            PonTexto(Text1_[i], modelo_.Text1[i]);
+        }
     }
-    cboSeries_->setCurrentIndex(modelo_.cboSeriesIndex);
+    direccion_->Refresca(modelo_.direccion);
+    RellenaCombo(cboFpago_, modelo_.cboFpago, modelo_.cboFpagoIndex);
+    RellenaCombo(cboSeries_, modelo_.cboSeries, modelo_.cboSeriesIndex);
+    if (txtFavObs_->toPlainText() != modelo_.txtFavObs) {
+        txtFavObs_->setPlainText(modelo_.txtFavObs);
+    }
     lblCliente_->setText(modelo_.lblCliente);
     lblCliObs_->setText(modelo_.lblCliObs);
     Check1_->setChecked(modelo_.Check1);

@@ -1,5 +1,6 @@
 #include "VistaEdicionFacturas.h"
 
+#include "CamposDireccion.h"
 #include "Controles.h"
 
 #include <ErrorBd.h>
@@ -33,12 +34,6 @@ namespace {
 
 using Boton = frmEdicionFacturas::Boton;
 
-QComboBox* nuevoCombo(QWidget* padre, const QString& nombre) {
-    auto* c = new QComboBox(padre);
-    c->setObjectName(nombre);
-    return c;
-}
-
 QRadioButton* nuevaOpcion(QWidget* padre, const QString& nombre, const QString& texto) {
     auto* r = new QRadioButton(texto, padre);
     r->setObjectName(nombre);
@@ -58,8 +53,7 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     setObjectName(QStringLiteral("frmEdicionFacturas"));
     setWindowTitle(modelo.Caption);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    for (int i :
-         {0, 1, 2, 4, 5, 6, 9, 10, 11, 12, 13, 14, 15, 16, 18, 19, 20, 21, 22, 23, 24, 27, 40}) {
+    for (int i : {0, 1, 2, 4, 5, 6, 9, 10, 11, 12, 13, 20, 22, 24, 27, 40}) {
         Text1_[i] = NuevaCaja(this, NombreControl(QStringLiteral("Text1"), i));
     }
 
@@ -99,7 +93,7 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     lblCliente_->setStyleSheet(QStringLiteral("font-weight: bold;"));
     lblCliente_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     cabecera->addWidget(lblCliente_, 1);
-    cboSeries_ = nuevoCombo(this, QStringLiteral("cboSeries"));
+    cboSeries_ = NuevoCombo(this, QStringLiteral("cboSeries"));
     cboSeries_->setToolTip(QStringLiteral("Serie a la que pasa la factura al actualizarla"));
     cabecera->addWidget(NuevaEtiqueta(this, QStringLiteral("Cambiar a serie"), cboSeries_));
     cabecera->addWidget(cboSeries_);
@@ -110,15 +104,9 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     Frame2_ = new QGroupBox(QStringLiteral("Datos de la factura"), this);
     Frame2_->setObjectName(QStringLiteral("Frame2"));
     auto* gDatos = new QGridLayout(Frame2_);
-    cboTipoVia_ = nuevoCombo(Frame2_, QStringLiteral("cboTipoVia"));
-    cboProvincias_ = nuevoCombo(Frame2_, QStringLiteral("cboProvincias"));
-    cboPais_ = nuevoCombo(Frame2_, QStringLiteral("cboPais"));
-    cboFpago_ = nuevoCombo(Frame2_, QStringLiteral("cboFpago"));
-    for (QComboBox* c : {cboTipoVia_, cboProvincias_, cboPais_, cboFpago_}) {
-        c->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        c->setMinimumContentsLength(8);
-    }
-    for (int i : {18, 16, 15, 14, 21, 20, 22}) {
+    direccion_ = std::make_unique<CamposDireccion>(Frame2_, Text1_);
+    cboFpago_ = NuevoCombo(Frame2_, QStringLiteral("cboFpago"));
+    for (int i : {20, 22}) {
         Text1_[i]->setMinimumWidth(60);
         Text1_[i]->setMaximumWidth(70);
     }
@@ -146,26 +134,7 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     lblCliObs_ = nuevaEtiqueta(Frame2_, QStringLiteral("lblCliObs"));
     lblCliObs_->setWordWrap(true);
     lblCliObs_->setStyleSheet(QStringLiteral("color: #8a1c1c;"));
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Vía"), cboTipoVia_), 0, 0);
-    gDatos->addWidget(cboTipoVia_, 0, 1);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Calle"), Text1_[23]), 0, 2);
-    gDatos->addWidget(Text1_[23], 0, 3, 1, 5);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Nº"), Text1_[18]), 1, 0);
-    gDatos->addWidget(Text1_[18], 1, 1);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Esc."), Text1_[16]), 1, 2);
-    gDatos->addWidget(Text1_[16], 1, 3);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Piso"), Text1_[15]), 1, 4);
-    gDatos->addWidget(Text1_[15], 1, 5);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Puerta"), Text1_[14]), 1, 6);
-    gDatos->addWidget(Text1_[14], 1, 7);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("C.P."), Text1_[21]), 2, 0);
-    gDatos->addWidget(Text1_[21], 2, 1);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Población"), Text1_[19]), 2, 2);
-    gDatos->addWidget(Text1_[19], 2, 3, 1, 5);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Provincia"), cboProvincias_), 3, 0);
-    gDatos->addWidget(cboProvincias_, 3, 1, 1, 3);
-    gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("País"), cboPais_), 3, 4);
-    gDatos->addWidget(cboPais_, 3, 5, 1, 3);
+    direccion_->Coloca(*gDatos, 0);
     gDatos->addWidget(NuevaEtiqueta(Frame2_, QStringLiteral("Forma de cobro"), cboFpago_), 4, 0);
     gDatos->addWidget(cboFpago_, 4, 1, 1, 4);
     gDatos->addWidget(cmdDir, 4, 5, 1, 3);
@@ -412,17 +381,17 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     }
     const struct {
         QComboBox* combo;
-        int frmEdicionFacturas::*indice;
-    } combos[] = {{cboTipoVia_, &frmEdicionFacturas::cboTipoViaIndex},
-                  {cboPais_, &frmEdicionFacturas::cboPaisIndex},
-                  {cboProvincias_, &frmEdicionFacturas::cboProvinciasIndex},
-                  {cboFpago_, &frmEdicionFacturas::cboFpagoIndex},
-                  {cboSeries_, &frmEdicionFacturas::cboSeriesIndex}};
+        int* indice;
+    } combos[] = {{direccion_->cboTipoVia, &modelo_.direccion.cboTipoViaIndex},
+                  {direccion_->cboPais, &modelo_.direccion.cboPaisIndex},
+                  {direccion_->cboProvincias, &modelo_.direccion.cboProvinciasIndex},
+                  {cboFpago_, &modelo_.cboFpagoIndex},
+                  {cboSeries_, &modelo_.cboSeriesIndex}};
     for (const auto& c : combos) {
-        const auto indice = c.indice;
+        int* const indice = c.indice;
         QObject::connect(c.combo, &QComboBox::currentIndexChanged, this, [this, indice](int i) {
             if (!copiando_) {
-                modelo_.*indice = i;
+                *indice = i;
             }
         });
     }
@@ -517,6 +486,8 @@ VistaEdicionFacturas::VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* 
     }
 }
 
+VistaEdicionFacturas::~VistaEdicionFacturas() = default;
+
 template <typename F> void VistaEdicionFacturas::orden(F&& f) {
     aModelo();
     try {
@@ -538,9 +509,7 @@ void VistaEdicionFacturas::aModelo() {
     }
     modelo_.txtRetencionNF = txtRetencionNF_->text();
     modelo_.Option1 = Option1_[1]->isChecked() ? 1 : 0;
-    modelo_.cboTipoViaIndex = cboTipoVia_->currentIndex();
-    modelo_.cboPaisIndex = cboPais_->currentIndex();
-    modelo_.cboProvinciasIndex = cboProvincias_->currentIndex();
+    direccion_->AModelo(modelo_.direccion);
     modelo_.cboFpagoIndex = cboFpago_->currentIndex();
     modelo_.cboSeriesIndex = cboSeries_->currentIndex();
     modelo_.Check1 = Check1_->isChecked();
@@ -573,11 +542,9 @@ void VistaEdicionFacturas::refresca() {
     obsMostradas_ = txtFavObs_->toPlainText();
     PonTexto(txtRetencionNF_, modelo_.txtRetencionNF);
     Option1_[modelo_.Option1 == 1 ? 1 : 0]->setChecked(true);
-    rellenaCombo(cboTipoVia_, modelo_.cboTipoVia, modelo_.cboTipoViaIndex);
-    rellenaCombo(cboPais_, modelo_.cboPais, modelo_.cboPaisIndex);
-    rellenaCombo(cboProvincias_, modelo_.cboProvincias, modelo_.cboProvinciasIndex);
-    rellenaCombo(cboFpago_, modelo_.cboFpago, modelo_.cboFpagoIndex);
-    rellenaCombo(cboSeries_, modelo_.cboSeries, modelo_.cboSeriesIndex);
+    direccion_->Refresca(modelo_.direccion);
+    RellenaCombo(cboFpago_, modelo_.cboFpago, modelo_.cboFpagoIndex);
+    RellenaCombo(cboSeries_, modelo_.cboSeries, modelo_.cboSeriesIndex);
     Check1_->setChecked(modelo_.Check1);
     Check2_->setChecked(modelo_.Check2);
     Check3_->setChecked(modelo_.Check3);
@@ -611,19 +578,6 @@ void VistaEdicionFacturas::refresca() {
     rellenaAlbaranes();
     rellenaRecibos();
     copiando_ = false;
-}
-
-void VistaEdicionFacturas::rellenaCombo(QComboBox* combo, const QStringList& elementos,
-                                        int indice) {
-    bool iguales = combo->count() == elementos.size();
-    for (int i = 0; iguales && i < combo->count(); ++i) {
-        iguales = combo->itemText(i) == elementos[i];
-    }
-    if (!iguales) {
-        combo->clear();
-        combo->addItems(elementos);
-    }
-    combo->setCurrentIndex(indice >= 0 && indice < combo->count() ? indice : -1);
 }
 
 void VistaEdicionFacturas::rellenaAlbaranes() {

@@ -6,6 +6,7 @@
 
 #include <QDialog>
 #include <array>
+#include <memory>
 
 class QCheckBox;
 class QComboBox;
@@ -24,9 +25,12 @@ class frmEdicionFacturas;
 
 namespace vk::ui {
 
+class CamposDireccion;
+
 class VistaEdicionFacturas : public QDialog {
 public:
     VistaEdicionFacturas(frmEdicionFacturas& modelo, QWidget* padre = nullptr);
+    ~VistaEdicionFacturas() override;
 
     frmEdicionFacturas& modelo() { return modelo_; }
     // Widgets -> model, and model -> widgets.
@@ -46,7 +50,6 @@ private:
     bool teclaNavegacion(const QKeyEvent& tecla);
     void rellenaAlbaranes();
     void rellenaRecibos();
-    static void rellenaCombo(QComboBox* combo, const QStringList& elementos, int indice);
 
     frmEdicionFacturas& modelo_;
     bool copiando_ = false; // signals fired by refresca are not edits
@@ -59,9 +62,7 @@ private:
     QString obsMostradas_;
     QLineEdit* txtRetencionNF_ = nullptr;
     std::array<QRadioButton*, 2> Option1_{};
-    QComboBox* cboTipoVia_ = nullptr;
-    QComboBox* cboPais_ = nullptr;
-    QComboBox* cboProvincias_ = nullptr;
+    std::unique_ptr<CamposDireccion> direccion_;
     QComboBox* cboFpago_ = nullptr;
     QComboBox* cboSeries_ = nullptr;
     QCheckBox* Check1_ = nullptr;

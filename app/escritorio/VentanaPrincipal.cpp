@@ -22,6 +22,9 @@ VentanaPrincipal::VentanaPrincipal(VKFACVENTAS& factura, const QString& empresa)
     QAction* edicion = menu->addAction(QStringLiteral("&Edición de facturas…"));
     edicion->setObjectName(QStringLiteral("mnuEdicionFacturas"));
     edicion->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    QAction* borrado = menu->addAction(QStringLiteral("&Borrado de facturas…"));
+    borrado->setObjectName(QStringLiteral("mnuBorradoFacturas"));
+    borrado->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Delete));
     menu->addSeparator();
     QAction* salir = menu->addAction(QStringLiteral("&Salir"));
     salir->setObjectName(QStringLiteral("mnuSalir"));
@@ -40,6 +43,8 @@ VentanaPrincipal::VentanaPrincipal(VKFACVENTAS& factura, const QString& empresa)
                      [this] { entrada([this] { factura_.jFacturasVenta(); }); });
     QObject::connect(edicion, &QAction::triggered, this,
                      [this] { entrada([this] { factura_.jEmisionFacturas(); }); });
+    QObject::connect(borrado, &QAction::triggered, this,
+                     [this] { entrada([this] { factura_.jBorradoFacturas(); }); });
     QObject::connect(salir, &QAction::triggered, this, [this] { close(); });
 }
 

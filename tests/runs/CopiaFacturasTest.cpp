@@ -3,6 +3,7 @@
 // the editor on it, a date that is not one; on both backends.
 #include "EmpresaPrueba.h"
 
+#include <Combos.h>
 #include <FacturacionAlbaranes.h>
 #include <Formato.h>
 #include <MensajesRuns.h>
@@ -139,6 +140,79 @@ TEST_P(CopiaFacturasPantalla, ADateThatIsNotOneIsToldAndNothingWritten) {
     EXPECT_EQ(c.IdNueva(), 0);
     EXPECT_EQ(cuenta(QStringLiteral("Fav")), facturas);
     EXPECT_EQ(cuenta(QStringLiteral("Cav")), notas);
+}
+
+TEST_P(CopiaFacturasPantalla, TheAddressTermsAndDiscountsLeftOnScreenAreTheNewInvoices) {
+    const qint32 giro = e->formaPago(QStringLiteral("Giro 30"), {{30, 100, 2}});
+    ClientePrueba otro;
+    otro.idFco = giro;
+    const qint32 segundo = e->cliente(otro);
+    const qint64 dir =
+        e->cn()
+            .Execute(QStringLiteral("INSERT INTO Dir (DIR_NOMBRE, DIR_NUMERO, DIR_LETRA, DIR_CP, "
+                                    "DIR_POBLACION, dir_fiscal) VALUES (?, ?, ?, ?, ?, '0') "
+                                    "RETURNING DIR_ID"),
+                     {QStringLiteral("Calle de la Paz"), QStringLiteral("7"), QStringLiteral("C"),
+                      QStringLiteral("46003"), QStringLiteral("Valencia")})
+            .Fields(0)
+            .Entero();
+    e->cn().Execute(QStringLiteral("INSERT INTO CliDir (CLIDIR_CLI, CLIDIR_DIR) VALUES (?, ?)"),
+                    {segundo, dir});
+    const QString fuente =
+        e->cn()
+            .Execute(QStringLiteral("SELECT Fav_Nombre FROM Fav WHERE Fav_Id = ?"), {origen})
+            .Fields(0)
+            .Texto();
+
+    frmCopiaFacturas c(e->factura(), origen);
+    EXPECT_EQ(c.Text1[23], fuente);
+    EXPECT_EQ(c.cboFpago.value(c.cboFpagoIndex).left(2), Format(contado, QStringLiteral("00")));
+    // Another customer: its terms and its only address replace the source's.
+    // The lookup lists every customer; the second row is the new one.
+    e->ui().busquedas = {1};
+    c.XPButton2();
+    EXPECT_EQ(c.cboFpago.value(c.cboFpagoIndex).left(2), Format(giro, QStringLiteral("00")));
+    EXPECT_EQ(c.Text1[23], QStringLiteral("Calle de la Paz"));
+    EXPECT_EQ(c.Text1[19], QStringLiteral("Valencia"));
+    // Its other addresses are the ones offered.
+    e->ui().busquedas = {0};
+    c.cmdDir();
+    EXPECT_EQ(e->ui().peticionesBusca.back().titulo, QStringLiteral("Otras direcciones"));
+    EXPECT_EQ(c.Text1[14], QStringLiteral("C")); // the door takes the letter
+    // And what the person types on top.
+    c.Text1[23] = QStringLiteral("Avenida del Puerto");
+    c.Text1[20] = QStringLiteral("7,5");
+    c.Text1[22] = QStringLiteral("no es un número"); // keeps the customer's
+    c.Text1[24] = QStringLiteral("Sr. Pons");
+    c.txtFavObs = QStringLiteral("Sustituye a la factura A/1");
+    c.cboFpagoIndex = fnIndiceCombo(c.cboFpago, Format(contado, QStringLiteral("00")));
+    e->ui().respuestas = {true};
+    ASSERT_TRUE(c.cmdCopiar());
+    const Recordset rs = e->cn().Execute(
+        QStringLiteral("SELECT Fav_IdCli, Fav_Nombre, Fav_Puerta, Fav_Poblacion, Fav_Dto1, "
+                       "Fav_Dto2, Fav_Fatencion, Fav_Obs, Fav_IdFco, Fav_IdDir FROM Fav WHERE "
+                       "Fav_Id = ?"),
+        {c.IdNueva()});
+    ASSERT_FALSE(rs.Eof());
+    EXPECT_EQ(rs.Fields(0).Entero(), segundo);
+    EXPECT_EQ(rs.Fields(1).Texto().trimmed(), QStringLiteral("Avenida del Puerto"));
+    EXPECT_EQ(rs.Fields(2).Texto().trimmed(), QStringLiteral("C"));
+    EXPECT_EQ(rs.Fields(3).Texto().trimmed(), QStringLiteral("Valencia"));
+    EXPECT_DOUBLE_EQ(rs.Fields(4).Doble(), 7.5);
+    EXPECT_DOUBLE_EQ(rs.Fields(5).Doble(), 0);
+    EXPECT_EQ(rs.Fields(6).Texto(), QStringLiteral("Sr. Pons"));
+    EXPECT_EQ(rs.Fields(7).Texto(), QStringLiteral("Sustituye a la factura A/1"));
+    EXPECT_EQ(rs.Fields(8).Entero(), contado);
+    // Typed over, the address is kept by value, as issued.
+    EXPECT_LE(rs.Fields(9).Entero(), 0);
+    // Its notes are the new customer's too.
+    EXPECT_EQ(e->cn()
+                  .Execute(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_IdFactura = ? AND "
+                                          "Cav_IdCli <> ?"),
+                           {c.IdNueva(), segundo})
+                  .Fields(0)
+                  .Entero(),
+              0);
 }
 
 VK_EN_AMBOS_MOTORES(CopiaFacturasPantalla);

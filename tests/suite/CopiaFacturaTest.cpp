@@ -61,12 +61,8 @@ protected:
     }
     ResultadoFacturacion copia(qint32 origen, bool abono, const QString& serie,
                                const QDate& fecha = kMarzo2026) {
-        CopiaFactura c;
-        c.idOrigen = origen;
-        c.serie = serie;
-        c.fecha = fecha;
-        c.abono = abono;
-        return msCopiaFactura(e->factura(), c);
+        return msCopiaFactura(e->factura(),
+                              fnCopiaDe(e->bd(), origen, serie, fecha, std::nullopt, abono));
     }
     QVariant fav(const char* columna, qint32 id) {
         // The column is one of the schema's, never user text.
@@ -169,12 +165,8 @@ TEST_P(CopiaFacturas, ACopyDatedTodayTakesTodaysRatesAndAnotherCustomersData) {
         0);
 
     // To another customer: the notes and the invoice are its.
-    CopiaFactura c;
-    c.idOrigen = origen;
-    c.serie = QStringLiteral("A");
-    c.fecha = kMarzo2026;
-    c.idCliente = general;
-    const ResultadoFacturacion suya = msCopiaFactura(e->factura(), c);
+    const ResultadoFacturacion suya = msCopiaFactura(
+        e->factura(), fnCopiaDe(e->bd(), origen, QStringLiteral("A"), kMarzo2026, general, false));
     ASSERT_EQ(suya.estado, EstadoFacturacion::Hecha) << suya.motivo.toStdString();
     EXPECT_EQ(fav("Fav_IdCli", suya.idFactura).toLongLong(), general);
     EXPECT_EQ(e->cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_IdFactura = ? AND "

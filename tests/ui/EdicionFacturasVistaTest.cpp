@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -183,6 +184,11 @@ TEST_P(EdicionFacturasVista, CopyDialogShowsTheSourceAndItsButtonMakesTheCopy) {
     EXPECT_FALSE(hijo<QCheckBox>(v, QStringLiteral("Check1"))->isChecked());
     EXPECT_EQ(hijo<QAbstractButton>(v, QStringLiteral("cmdSalir"))->text(),
               QStringLiteral("Cancelar Copia"));
+    // The address boxes show the source's, and the dialog fits a laptop.
+    EXPECT_EQ(texto(v, QStringLiteral("Text1_23")), modelo.Text1[23]);
+    EXPECT_NE(hijo<QComboBox>(v, QStringLiteral("cboFpago")), nullptr);
+    v.show();
+    EXPECT_LE(v.frameGeometry().height(), 768 - 40);
     auto* copiar = hijo<QAbstractButton>(v, QStringLiteral("cmdCopiar"));
     EXPECT_EQ(copiar->text(), QStringLiteral("Grabar Nueva Factura"));
     const qint64 antes = cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav"));
