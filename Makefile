@@ -25,7 +25,7 @@ test: build
 	@scripts/pruebas.sh $(BUILD)
 
 format:
-	@find core engine runs issue accounting reports suite ui app bench tests \
+	@find core fiscal engine runs issue accounting reports suite ui app bench tests \
 		\( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format -i
 
 bench: build

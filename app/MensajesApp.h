@@ -111,15 +111,19 @@ inline const QString kAlbaranMalEscrito =
 inline const QString kNumeroMalEscrito = QStringLiteral("%1 espera un número, no «%2».");
 inline const QString kTotalManualYSin =
     QStringLiteral("--total-manual y --sin-total-manual no pueden ir juntas.");
-inline const QString kDescuentoFueraDeRango =
-    QStringLiteral("--%1 debe estar entre 0 y 100.");
-inline const QString kFacturaSinCambios =
-    QStringLiteral("La factura no se ha cambiado.");
+inline const QString kDescuentoFueraDeRango = QStringLiteral("--%1 debe estar entre 0 y 100.");
+inline const QString kFacturaSinCambios = QStringLiteral("La factura no se ha cambiado.");
 inline const QString kFacturaBorrada = QStringLiteral("Factura %1 borrada.");
 inline const QString kFacturasBorradas = QStringLiteral("Facturas borradas: %1.");
 inline const QString kFacturaNoBorrada = QStringLiteral("La factura %1 no se ha borrado.");
-inline const QString kCopiaNoHecha =
-    QStringLiteral("Error en el proceso de copia de factura %1");
+inline const QString kCopiaNoHecha = QStringLiteral("Error en el proceso de copia de factura %1");
 inline const QString kAbonoHecho = QStringLiteral("Factura de abono %1 de la factura %2.");
 inline const QString kCopiaHecha = QStringLiteral("Factura %1, copia de la factura %2.");
+inline const QString kAyudaVerifactu = QStringLiteral(
+    "Uso: vkfactuven verifactu SUBORDEN [opciones]\n\n"
+    "Registros de facturación (VERI*FACTU) de la empresa:\n"
+    "  estado      registros, pendientes de envío, aceptados y rechazados con su motivo\n"
+    "  verificar   recalcula la cadena entera y señala el primer registro roto\n");
+inline const QString kSubordenVerifactu =
+    QStringLiteral("Suborden desconocida de verifactu: «%1». Use «vkfactuven verifactu --help».");
 } // namespace vk::mensajes

@@ -6,6 +6,7 @@
 #include "OrdenFactura.h"
 #include "OrdenFacturar.h"
 #include "OrdenInit.h"
+#include "OrdenVerifactu.h"
 
 #include <ErrorBd.h>
 #include <QGuiApplication>
@@ -54,6 +55,9 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
               [--hasta DD/MM/AAAA] [--borrar-albaranes] [--usuario N] [--db DB]
                              borra de una vez las facturas de una serie entre dos números
                              y dos fechas (solo administradores)
+  verifactu estado|verificar [--db DB]
+                             registros de facturación (VERI*FACTU): su estado de envío
+                             y la comprobación de la cadena entera
 
 Las opciones se escriben --opcion valor o --opcion=valor. Todas las órdenes
 admiten --detalle: en los errores de la base de datos muestra también el texto
@@ -103,6 +107,9 @@ std::optional<Ejecuta> buscaOrden(const QString& orden) {
     }
     if (orden == QLatin1String("copiar")) {
         return vk::app::OrdenCopiar;
+    }
+    if (orden == QLatin1String("verifactu")) {
+        return vk::app::OrdenVerifactu;
     }
     return std::nullopt;
 }

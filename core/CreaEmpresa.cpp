@@ -7,6 +7,7 @@
 
 #include <QRegularExpression>
 #include <QSet>
+#include <QUuid>
 
 namespace vk {
 
@@ -153,6 +154,40 @@ int versionYCreacion(BdSesion& s, Catalogo catalogo, ResumenCreacion& r) {
     return anterior;
 }
 
+// The invoicing records are append-only: the database itself refuses to
+// change or delete one, whatever program connects to it.
+void protegeRegistrosFiscales(BdSesion& s) {
+    Conexion& cn = s.cn();
+    if (s.dialecto().esSQLite()) {
+        cn.Execute(QStringLiteral(
+            "CREATE TRIGGER IF NOT EXISTS vfregistro_sin_cambios BEFORE UPDATE ON VfRegistro "
+            "BEGIN SELECT RAISE(ABORT, 'Los registros de facturación no se pueden modificar'); "
+            "END"));
+        cn.Execute(QStringLiteral(
+            "CREATE TRIGGER IF NOT EXISTS vfregistro_sin_borrado BEFORE DELETE ON VfRegistro "
+            "BEGIN SELECT RAISE(ABORT, 'Los registros de facturación no se pueden borrar'); END"));
+        return;
+    }
+    cn.Execute(QStringLiteral(
+        "CREATE OR REPLACE FUNCTION vfregistro_inalterable() RETURNS trigger LANGUAGE plpgsql "
+        "AS $$ BEGIN RAISE EXCEPTION 'Los registros de facturación no se pueden modificar ni "
+        "borrar'; END $$"));
+    cn.Execute(QStringLiteral("DROP TRIGGER IF EXISTS vfregistro_inalterable ON VfRegistro"));
+    cn.Execute(QStringLiteral("CREATE TRIGGER vfregistro_inalterable BEFORE UPDATE OR DELETE ON "
+                              "VfRegistro FOR EACH ROW EXECUTE FUNCTION vfregistro_inalterable()"));
+    cn.Execute(QStringLiteral("DROP TRIGGER IF EXISTS vfregistro_sin_vaciado ON VfRegistro"));
+    cn.Execute(QStringLiteral("CREATE TRIGGER vfregistro_sin_vaciado BEFORE TRUNCATE ON VfRegistro "
+                              "FOR EACH STATEMENT EXECUTE FUNCTION vfregistro_inalterable()"));
+}
+
+// The installation's number in the chain of records: made once, from a
+// random UUID, so that no two installations (nor a reinstall) share it.
+void numeraInstalacion(BdSesion& s) {
+    s.cn().Execute(QStringLiteral("UPDATE Parametros SET Par_VfInstalacion = ? WHERE "
+                                  "COALESCE(Par_VfInstalacion, '') = ''"),
+                   {QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper()});
+}
+
 // The company's number: the digits of its catalog name (VKEMP0001 is 1), or
 // the next free one.
 qint64 registraEmpresa(BdSesion& s) {
@@ -217,6 +252,8 @@ ResumenCreacion CreaEmpresa(BdSesion& s) {
         r.versionAnterior = versionYCreacion(s, Catalogo::Empresa, r);
         registraEmpresa(s);
         SiembraDatosEmpresa(s);
+        protegeRegistrosFiscales(s);
+        numeraInstalacion(s);
         t.Confirma();
         r.lineas << (r.versionAnterior == 0 ? mensajes::kEmpresaCreada : mensajes::kEmpresaAlDia)
                         .arg(s.Catalogo())

@@ -11,7 +11,7 @@ namespace vk {
 
 // Version of the schema this build writes. Each catalog records the version
 // it was brought to, and each step above that version runs once.
-inline constexpr int kVersionEsquema = 4;
+inline constexpr int kVersionEsquema = 5;
 
 struct ResumenCreacion {
     int versionAnterior = 0; // 0: the catalog was new

@@ -768,6 +768,45 @@ std::vector<Tabla> tablasEmpresa() {
              {"cenusu_idusu", Tipo::Id},
          }},
 
+        // The invoicing records (VERI*FACTU): one row per record, alta or
+        // anulación, chained by their hashes in the order of Vfr_Id. Written
+        // once and never changed: the database refuses UPDATE and DELETE.
+        {"VfRegistro",
+         Catalogo::Empresa,
+         {
+             {"Vfr_Id", Tipo::Clave},
+             {"Vfr_Tipo", Tipo::Texto},     // "A" alta, "N" anulación
+             {"Vfr_IdFactura", Tipo::Id},   // Fav_Id when written (the invoice may go)
+             {"Vfr_IdAnterior", Tipo::Id},  // the record before it; 0 for the first
+             {"Vfr_Nif", Tipo::Texto},      // the issuer
+             {"Vfr_NumSerie", Tipo::Texto}, // series/number as registered
+             {"Vfr_Fecha", Tipo::Texto},    // dd-mm-yyyy, as in the XML
+             {"Vfr_TipoFactura", Tipo::Texto},
+             {"Vfr_CuotaTotal", Tipo::Texto},
+             {"Vfr_ImporteTotal", Tipo::Texto},
+             {"Vfr_HuellaAnterior", Tipo::Texto},
+             {"Vfr_FechaHora", Tipo::Texto}, // FechaHoraHusoGenRegistro
+             {"Vfr_Huella", Tipo::Texto},
+             {"Vfr_Subsanacion", Tipo::Texto},
+             {"Vfr_RechazoPrevio", Tipo::Texto},
+             {"Vfr_Xml", Tipo::Texto}, // the record element as sent
+         }},
+
+        // The sending state of each record: the queue of what the tax agency
+        // has not accepted yet, and its answers. Unlike the records, it changes.
+        {"VfEnvio",
+         Catalogo::Empresa,
+         {
+             {"Vfe_IdRegistro", Tipo::Id},
+             {"Vfe_Estado",
+              Tipo::Entero}, // 0 pending, 1 Correcto, 2 AceptadoConErrores, 3 Incorrecto
+             {"Vfe_Codigo", Tipo::Entero},
+             {"Vfe_Descripcion", Tipo::Texto},
+             {"Vfe_Csv", Tipo::Texto},
+             {"Vfe_FechaEnvio", Tipo::Texto},
+             {"Vfe_Intentos", Tipo::Entero},
+         }},
+
         // Log of the accounting exchange runs.
         {"Log",
          Catalogo::Empresa,
@@ -876,6 +915,12 @@ std::vector<Tabla> tablasEmpresa() {
              {"Par_SerAlb", Tipo::Texto},
              {"par_SerFac", Tipo::Texto},
              {"Par_SerieMasNumero", Tipo::Booleano},
+             // VERI*FACTU: records on (the law's default), the installation
+             // number (never repeated) and the agency's endpoint (0 test, 1
+             // production).
+             {"Par_VfActivo", Tipo::Booleano, Defecto::Uno},
+             {"Par_VfInstalacion", Tipo::Texto},
+             {"Par_VfEntorno", Tipo::Entero},
              {"par_Sg", Tipo::Texto},
              {"Par_Sincuadros", Tipo::Booleano},
              {"Par_SingFav", Tipo::Texto},
@@ -1139,6 +1184,9 @@ const std::vector<Indice>& Indices() {
         // Series and number name one invoice: the numbering relies on it.
         {"ix_fav_serie_numero", "Fav", {"Fav_Serie", "Fav_Numero"}, true},
         {"ix_fav_idcli", "Fav", {"fav_idcli"}},
+        {"ix_vfregistro_idfactura", "VfRegistro", {"Vfr_IdFactura"}},
+        {"ix_vfenvio_registro", "VfEnvio", {"Vfe_IdRegistro"}, true},
+        {"ix_vfenvio_estado", "VfEnvio", {"Vfe_Estado"}},
         {"ix_fav_fecha", "Fav", {"Fav_Fecha"}},
         // The last date of a series, read under its lock for every new invoice.
         {"ix_fav_serie_fecha", "Fav", {"Fav_Serie", "Fav_Fecha"}},

@@ -6,6 +6,7 @@
 #include "GrabaFactura.h"
 #include "MensajesMotor.h"
 #include "Recibos.h"
+#include "RegistroFiscalFactura.h"
 #include "ReglasFecha.h"
 
 #include <BdSesion.h>
@@ -294,6 +295,7 @@ void msRecalculaFactura(VKFACVENTAS& f, const EdicionFactura& e) {
         QStringLiteral("UPDATE Cav SET Cav_Dto1 = ?, Cav_Dto2 = ? WHERE Cav_IdFactura = ? AND "
                        "(Cav_Dto1 IS NULL OR Cav_Dto1 <> ? OR Cav_Dto2 IS NULL OR Cav_Dto2 <> ?)"),
         {f.PorcentajeDto1, f.PorcentajeDto2, f.IdFactu, f.PorcentajeDto1, f.PorcentajeDto2});
+    msRegistraFacturaCambiada(f);
     t.Confirma();
     f.CargaFactura(e.idFactura);
 }
@@ -360,6 +362,7 @@ void msBorraFactura(VKFACVENTAS& f, qint32 idFactura) {
         throw ErrorRegla(mensajes::kSoloUltimoNumero);
     }
     borraFacturaBloqueada(f, idFactura, false);
+    msRegistraBajaFactura(bd, idFactura);
     t.Confirma();
     f.IdFactu = 0;
 }
@@ -369,6 +372,11 @@ void msBorraFacturas(VKFACVENTAS& f, const std::vector<qint32>& ids, bool borrar
     for (const qint32 id : ids) {
         cargaBloqueada(f, id);
         borraFacturaBloqueada(f, id, borrarAlbaranes);
+    }
+    // The anulaciones after every series' lock: the chain's lock comes last
+    // on every path, so that no two processes wait on each other.
+    for (const qint32 id : ids) {
+        msRegistraBajaFactura(f.MyBd(), id);
     }
     t.Confirma();
     f.IdFactu = 0;
@@ -414,6 +422,7 @@ void msAjustaTotalManual(VKFACVENTAS& f, qint32 idFactura, double nuevoTotal) {
     f.ImpDifManual = Redondea(f.ImpDifManual + d, 2);
     retencionNF(f);
     grabaImportes(f, false);
+    msRegistraFacturaCambiada(f);
     t.Confirma();
 }
 
@@ -440,6 +449,7 @@ void msDeshazTotalManual(VKFACVENTAS& f, qint32 idFactura) {
     f.ImpDifManual = 0;
     f.CalculoTotalesFactura();
     grabaImportes(f, true);
+    msRegistraFacturaCambiada(f);
     t.Confirma();
 }
 
@@ -457,14 +467,14 @@ void msRegeneraRecibos(VKFACVENTAS& f, qint32 idFactura, bool todos) {
     t.Confirma();
 }
 
-void msMarcaRectificativa(BdSesion& bd, qint32 idFactura, bool rectificativa) {
-    Conexion& cn = bd.cn();
+void msMarcaRectificativa(VKFACVENTAS& f, qint32 idFactura, bool rectificativa) {
+    Conexion& cn = f.MyBd().cn();
     Transaccion t(cn);
+    cargaBloqueada(f, idFactura);
     cn.Execute(QStringLiteral("UPDATE Fav SET Fav_RCA = ? WHERE Fav_Id = ?"),
                {rectificativa ? 1 : 0, idFactura});
-    if (cn.RecordsAffected() != 1) {
-        throw ErrorRegla(mensajes::kFacturaNoExiste.arg(idFactura));
-    }
+    // The flag is the invoice's type in its record (R2).
+    msRegistraFacturaCambiada(f);
     t.Confirma();
 }
 

@@ -93,7 +93,7 @@ void msDeshazTotalManual(VKFACVENTAS& factura, qint32 idFactura);
 void msRegeneraRecibos(VKFACVENTAS& factura, qint32 idFactura, bool todos);
 
 // Writes the rectifying flag (Fav_RCA) alone, at once.
-void msMarcaRectificativa(BdSesion& bd, qint32 idFactura, bool rectificativa);
+void msMarcaRectificativa(VKFACVENTAS& factura, qint32 idFactura, bool rectificativa);
 
 // The id of the invoice of that series and number; nothing when none.
 std::optional<qint32> fnIdFactura(BdSesion& bd, const QString& serie, qint32 numero);

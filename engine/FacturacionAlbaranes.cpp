@@ -4,6 +4,7 @@
 #include "GrabaFactura.h"
 #include "MensajesMotor.h"
 #include "NuevaFactura.h"
+#include "RegistroFiscalFactura.h"
 #include "ReglasFecha.h"
 
 #include <BdSesion.h>
@@ -215,6 +216,15 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
                 return fallo(E::NoHecha, mensajes::kConexionPerdida, nullptr, true);
             }
             return fallo(E::NoHecha, mensajes::kFacturaNoGrabada.arg(e->Mensaje()), &*e);
+        }
+        // The invoice stands with its amounts: its record goes in the same
+        // transaction, or neither stands.
+        try {
+            msRegistraFacturaNueva(f);
+        } catch (const Error& e) {
+            t.Deshaz();
+            f.IdFactu = 0;
+            return fallo(E::NoHecha, mensajes::kFacturaNoGrabada.arg(e.Mensaje()), &e, true);
         }
         // What the save wrote before the failing step stays written.
         t.Confirma();

@@ -224,7 +224,7 @@ void frmEdicionFacturas::Check2_Click() {
         return;
     }
     try {
-        msMarcaRectificativa(bd_, idFactura_, marcada);
+        msMarcaRectificativa(factura_, idFactura_, marcada);
     } catch (const Error&) {
         ultimaOrdenFallida = true;
         Ui().Mensaje(mensajes::kErrorProceso, Icono::Error, mensajes::kTituloAtencion);

@@ -3,7 +3,11 @@
 # those that are missing, so a second run costs nothing. CUPS gives the spool
 # its lp and lpstat, and the tests a private scheduler (cupsd, the pass-through
 # filter) for a queue of their own. libxlsxwriter writes the spreadsheet
-# listings; openpyxl reads them back in their test.
+# listings; openpyxl reads them back in their test. The invoicing records
+# (VERI*FACTU) draw their QR with libqrencode (zbarimg reads it back in the
+# tests), validate their submissions with libxml2 (and xmllint), send them
+# with libcurl, and the tests' agency service runs on Python with an openssl
+# certificate.
 set -euo pipefail
 
 paquetes=(
@@ -15,6 +19,7 @@ paquetes=(
     poppler-utils qpdf
     cups cups-client
     libxlsxwriter-dev python3-openpyxl
+    libqrencode-dev zbar-tools libxml2-dev libxml2-utils libcurl4-openssl-dev openssl python3
 )
 
 faltan=()

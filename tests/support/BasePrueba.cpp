@@ -79,6 +79,12 @@ QString BasePrueba::cadenaCatalogo(const QString& catalogo) const {
 std::unique_ptr<BdSesion> BasePrueba::CreaEmpresa(const QString& catalogo) {
     std::unique_ptr<BdSesion> s = BdSesion::Abre(cadenaCatalogo(catalogo), ModoApertura::Crea);
     vk::CreaEmpresa(*s);
+    // Every company of the tests has a NIF, as the invoicing records need;
+    // the demo brings its own.
+    s->cn().Execute(
+        QStringLiteral("UPDATE Parametros SET Par_Doc = ? WHERE COALESCE(Par_Doc, '') = ''"),
+        {QStringLiteral("B12345674")});
+    s->RecargaParametros();
     return s;
 }
 
