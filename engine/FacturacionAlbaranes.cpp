@@ -224,7 +224,7 @@ ResultadoFacturacion FacturaAlbaranes(VKFACVENTAS& f, const CabeceraFactura& c,
         } catch (const Error& e) {
             t.Deshaz();
             f.IdFactu = 0;
-            return fallo(E::NoHecha, mensajes::kFacturaNoGrabada.arg(e.Mensaje()), &e, true);
+            return fallo(E::NoHecha, mensajes::kFacturaNoRegistrada.arg(e.Mensaje()), &e, true);
         }
         // What the save wrote before the failing step stays written.
         t.Confirma();

@@ -43,6 +43,8 @@ inline const QString kFacturaNoCreada =
 inline const QString kFacturaNoCalculada =
     QStringLiteral("No se pudo calcular la factura, que no se ha hecho: %1");
 inline const QString kFacturaNoGrabada = QStringLiteral("No se pudieron grabar los importes: %1");
+inline const QString kFacturaNoRegistrada =
+    QStringLiteral("No se pudo hacer el registro de facturación (VERI*FACTU): %1");
 inline const QString kFacturaSinTerminar =
     QStringLiteral("La factura se ha grabado con sus importes, pero no se terminó: %1");
 inline const QString kContabilizacionFallida =

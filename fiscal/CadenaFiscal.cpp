@@ -259,3 +259,20 @@ std::optional<RegistroGuardado> fnRegistroVigente(BdSesion& bd, qint32 idFactura
 }
 
 } // namespace vk::fiscal
+
+namespace vk::fiscal {
+
+std::vector<RegistroGuardado> fnRegistrosFactura(BdSesion& bd, qint32 idFactura) {
+    std::vector<RegistroGuardado> r;
+    for (Recordset rs = bd.cn().Execute(
+             QStringLiteral("SELECT %1 FROM VfRegistro r WHERE r.Vfr_IdFactura = ? ORDER BY "
+                            "r.Vfr_Id")
+                 .arg(kColumnas),
+             {idFactura});
+         !rs.Eof(); rs.MoveNext()) {
+        r.push_back(leeRegistro(rs));
+    }
+    return r;
+}
+
+} // namespace vk::fiscal

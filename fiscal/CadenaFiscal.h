@@ -10,6 +10,7 @@
 
 #include <QString>
 #include <optional>
+#include <vector>
 
 namespace vk {
 class BdSesion;
@@ -67,5 +68,7 @@ bool msAnulaRegistro(BdSesion& bd, qint32 idFactura);
 // The last record of the chain, and the last one of an invoice.
 std::optional<RegistroGuardado> fnUltimoRegistro(BdSesion& bd);
 std::optional<RegistroGuardado> fnRegistroVigente(BdSesion& bd, qint32 idFactura);
+// Every record of an invoice, oldest first.
+std::vector<RegistroGuardado> fnRegistrosFactura(BdSesion& bd, qint32 idFactura);
 
 } // namespace vk::fiscal
