@@ -3,7 +3,7 @@
 // Prints invoices per second, SQL statements per invoice and peak memory.
 //
 //   vk_bench_facturacion --db CADENA [--clientes 2000] [--albaranes 10000] [--lineas 5]
-//                        [--grupo-por-cliente]
+//                        [--grupo-por-cliente] [--sin-registros]
 #include "LimiteMaquina.h"
 
 #include <BdSesion.h>
@@ -32,6 +32,8 @@ struct Opciones {
     // Each customer's notes share terms and agent: one group, one invoice,
     // per customer, whatever the number of notes.
     bool grupoPorCliente = false;
+    // The invoicing records (VERI*FACTU) off, to measure what they cost.
+    bool sinRegistros = false;
 };
 
 // CPU time of this process (user and system), in seconds: the limit probe
@@ -68,6 +70,8 @@ void genera(vk::BdSesion& bd, const Opciones& o) {
     cn.Execute(QStringLiteral("UPDATE Parametros SET Par_CtaVIva = '47700021', Par_CtaVIva2 = "
                               "'47700010', Par_CtaVIva3 = '47700004', Par_CtaVRec1 = '47710052', "
                               "Par_CtaVIrpf = '47300000', Par_CtaVIrpfAlq = '47300001'"));
+    cn.Execute(QStringLiteral("UPDATE Parametros SET Par_Doc = ?, Par_VfActivo = ?"),
+               {QStringLiteral("B12345674"), o.sinRegistros ? 0 : 1});
     QList<qint64> formas;
     const QList<QPair<QString, QList<QPair<int, double>>>> plazos = {
         {QStringLiteral("Contado"), {{0, 100}}},
@@ -149,6 +153,7 @@ int ejecuta(const Opciones& o) {
     if (!bd->dialecto().esSQLite()) {
         bd->cn().Execute(QStringLiteral("ANALYZE Cli, Cav, Lav, Fco, Fcol"));
     }
+    bd->RecargaParametros();
     std::printf("Empresa generada: %d clientes, %d albaranes de %d líneas en %.1f s\n", o.clientes,
                 o.albaranes, o.lineas, reloj.elapsed() / 1000.0);
 
@@ -220,6 +225,10 @@ int main(int argc, char** argv) {
             o.grupoPorCliente = true;
             continue;
         }
+        if (clave == QLatin1String("--sin-registros")) {
+            o.sinRegistros = true;
+            continue;
+        }
         if (i + 1 >= args.size()) {
             break;
         }
@@ -236,7 +245,7 @@ int main(int argc, char** argv) {
     }
     if (o.db.isEmpty() || o.clientes < 1 || o.albaranes < 1 || o.lineas < 1) {
         std::fprintf(stderr, "uso: vk_bench_facturacion --db CADENA [--clientes N] [--albaranes N] "
-                             "[--lineas N] [--grupo-por-cliente]\n");
+                             "[--lineas N] [--grupo-por-cliente] [--sin-registros]\n");
         return 2;
     }
     try {

@@ -197,6 +197,22 @@ void Conexion::Recorre(const QString& sql, const QVariantList& parametros,
 
 QStringList Conexion::ejecuta(const QString& sql, const QVariantList& parametros,
                               const FilaLeida& porFila) {
+    try {
+        return ejecutaUna(sql, parametros, porFila);
+    } catch (const ErrorBd& e) {
+        // A full or failing disk may end the engine's whole transaction
+        // (SQLite does): what fails after it inside the transaction is told
+        // by this first cause, not by the savepoint or commit that no longer
+        // has a transaction.
+        if (nivel_ > 0 && e.Clase() == ClaseError::Almacenamiento && !perdida_) {
+            perdida_ = e;
+        }
+        throw;
+    }
+}
+
+QStringList Conexion::ejecutaUna(const QString& sql, const QVariantList& parametros,
+                                 const FilaLeida& porFila) {
     ++sentencias_;
     // Statements the invoicing repeats are kept prepared, with parameters or
     // without; PostgreSQL prepares only data statements. A change of schema
@@ -350,6 +366,7 @@ QStringList Conexion::ejecutaSqlite(sqlite3* bd, const QString& sql, const QVari
 
 int Conexion::BeginTrans() {
     if (nivel_ == 0) {
+        perdida_.reset();
         Execute(dialecto_.inicioTransaccion());
     } else {
         Execute(QStringLiteral("SAVEPOINT vk_nivel_%1").arg(nivel_));
@@ -369,10 +386,23 @@ void Conexion::CommitTrans() {
             // A commit that failed (a full disk) must not leave the work open
             // on the connection for the next statement to join.
             deshazTodo();
+            lanzaCausa();
             throw;
         }
+        perdida_.reset();
     } else {
-        Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
+        try {
+            Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
+        } catch (const ErrorBd&) {
+            lanzaCausa();
+            throw;
+        }
+    }
+}
+
+void Conexion::lanzaCausa() const {
+    if (perdida_) {
+        throw *perdida_;
     }
 }
 
@@ -392,9 +422,15 @@ void Conexion::RollbackTrans() {
     --nivel_;
     if (nivel_ == 0) {
         deshazTodo();
+        perdida_.reset();
     } else {
-        Execute(QStringLiteral("ROLLBACK TO SAVEPOINT vk_nivel_%1").arg(nivel_));
-        Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
+        try {
+            Execute(QStringLiteral("ROLLBACK TO SAVEPOINT vk_nivel_%1").arg(nivel_));
+            Execute(QStringLiteral("RELEASE SAVEPOINT vk_nivel_%1").arg(nivel_));
+        } catch (const ErrorBd&) {
+            lanzaCausa();
+            throw;
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Dialecto.h"
+#include "ErrorBd.h"
 #include "Recordset.h"
 #include "SentenciaSqlite.h"
 
@@ -82,6 +83,12 @@ private:
     bool sqliteBuscado_ = false;
     // Ends the outermost transaction, whether or not the engine still has it.
     void deshazTodo();
+    QStringList ejecutaUna(const QString& sql, const QVariantList& parametros,
+                           const FilaLeida& porFila);
+    // The storage failure that ended the engine's transaction, if one did:
+    // thrown in place of the failures of the steps that follow it.
+    void lanzaCausa() const;
+    std::optional<ErrorBd> perdida_;
 
     QString nombre_;
     Dialecto dialecto_;

@@ -80,6 +80,10 @@ void VKFACVENTAS::jBorradoFacturas() {
     muestra(QStringLiteral("frmBorradoFacturas"));
 }
 
+void VKFACVENTAS::jRegistrosFiscales() {
+    muestra(QStringLiteral("frmRegistrosFiscales"));
+}
+
 void VKFACVENTAS::jFacturasContrataciones() {
     muestra(QStringLiteral("frmFacturaContrataciones"));
 }

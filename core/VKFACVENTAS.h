@@ -62,6 +62,8 @@ public:
     // The batch deletion of invoices: the desktop's menu reaches it here like
     // every other screen; it refuses anyone but an administrator itself.
     void jBorradoFacturas();
+    // The invoicing records (VERI*FACTU) and their state with the agency.
+    void jRegistrosFiscales();
     void jFacturasContrataciones();
     void jInformeFacturasVenta();
     void jComparaVentas();

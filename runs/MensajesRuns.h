@@ -38,6 +38,14 @@ inline const QString kRetencion = QStringLiteral("Retención");
 inline const QString kFranquicia = QStringLiteral("Franquicia");
 inline const QString kFacturaInexistente = QStringLiteral("Factura Inexistente");
 inline const QString kAccionCancelada = QStringLiteral("Acción Cancelada");
+inline const QString kAvisoSubsanacion = QStringLiteral(
+    "Esta factura ya consta en el registro de facturación (VERI*FACTU): el cambio se "
+    "registrará como subsanación de su registro.\nSi cambian los importes de una factura ya "
+    "entregada al cliente, lo correcto es emitir una factura rectificativa (botón Copiar, "
+    "«Factura Rectificativa/Abono»).\n¿Desea guardar el cambio?");
+inline const QString kAvisoAnulacion = QStringLiteral(
+    "Esta factura ya consta en el registro de facturación (VERI*FACTU): al cambiar su serie o "
+    "su fecha se anulará su registro y se registrará de nuevo.\n¿Desea guardar el cambio?");
 inline const QString kConfirmaCambios = QStringLiteral("Confirma los cambios de la factura");
 inline const QString kRecibosNoPendientes =
     QStringLiteral("Los recibos de esta factura no están pendientes. Desea generarlos como nuevos");

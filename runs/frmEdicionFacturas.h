@@ -171,6 +171,10 @@ private:
     // Saves through the engine, telling the person when it is refused; the
     // invoice is loaded again either way. False when nothing was saved.
     bool msRecalculaFactura(EdicionFactura edicion);
+    // Before a save that changes what the invoice's record says: the person
+    // is told it will be corrected (or cancelled and made again) and that a
+    // credit note is the way to change amounts. False when they say no.
+    bool avisaRegistro(const EdicionFactura& edicion);
     // The receipts' question of every save: nothing when the person keeps
     // the receipts under way.
     EdicionFactura::Recibos preguntaRecibos();

@@ -11,6 +11,7 @@
 #include <Interaccion.h>
 #include <MensajesMotor.h>
 #include <Redondeo.h>
+#include <RegistroFiscalFactura.h>
 #include <ReglasFecha.h>
 #include <Tesoreria.h>
 
@@ -100,7 +101,21 @@ EdicionFactura::Recibos frmEdicionFacturas::preguntaRecibos() {
                : EdicionFactura::Recibos::Conserva;
 }
 
+bool frmEdicionFacturas::avisaRegistro(const EdicionFactura& e) {
+    const bool identidad = e.fecha || e.serie;
+    const bool contenido = e.albaranIncluido || e.albaranQuitado || e.cambioLineas || e.dto1 ||
+                           e.dto2 || e.idClienteNuevo;
+    if ((!identidad && !contenido) || !fnFacturaRegistrada(bd_, idFactura_)) {
+        return true;
+    }
+    return Ui().Pregunta(identidad ? mensajes::kAvisoAnulacion : mensajes::kAvisoSubsanacion,
+                         Caption, true);
+}
+
 bool frmEdicionFacturas::msRecalculaFactura(EdicionFactura edicion) {
+    if (!avisaRegistro(edicion)) {
+        return false;
+    }
     const bool hecho = intenta([&] { vk::msRecalculaFactura(factura_, edicion); });
     recarga();
     return hecho;

@@ -27,6 +27,8 @@ for n in 1000 10000 100000; do
     echo "== SQLite, $n albaranes"
     "$programa" --db "$tmp/sqlite$n" --albaranes "$n" --clientes $((n < 2000 ? n : 2000))
 done
+echo "== SQLite, 10000 albaranes sin registros de facturación (lo que cuestan los registros)"
+"$programa" --db "$tmp/sqlite10000s" --albaranes 10000 --clientes 2000 --sin-registros
 echo "== SQLite, una factura por cliente: 2.000 y 20.000 grupos de 20.000 albaranes (la memoria no crece con los grupos)"
 "$programa" --db "$tmp/sqlite2g" --albaranes 20000 --clientes 2000 --grupo-por-cliente
 "$programa" --db "$tmp/sqlite20g" --albaranes 20000 --clientes 20000 --grupo-por-cliente
@@ -39,6 +41,11 @@ for n in 1000 10000 100000; do
     "$programa" --db "postgresql://postgres@/bench$n?host=$pg" --albaranes "$n" \
         --clientes $((n < 2000 ? n : 2000))
 done
+
+echo "== PostgreSQL, 10000 albaranes sin registros de facturación"
+"${como[@]}" "$psql_bin" -h "$pg" -U postgres -qc "CREATE DATABASE bench10000s" postgres
+"$programa" --db "postgresql://postgres@/bench10000s?host=$pg" --albaranes 10000 --clientes 2000 \
+    --sin-registros
 
 echo "== Emisión de las facturas de la empresa de demostración (informe en PDF y texto de impresora matricial)"
 "$build/bench/vk_bench_emision" --rondas 20

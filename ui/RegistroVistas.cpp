@@ -8,6 +8,7 @@
 #include "VistaFacturasVenta.h"
 #include "VistaIniFav.h"
 #include "VistaManteRecibos.h"
+#include "VistaRegistrosFiscales.h"
 #include "VistaTramo.h"
 #include "VistaVisor.h"
 
@@ -22,6 +23,7 @@
 #include <frmFacturasVenta.h>
 #include <frmIniFav.h>
 #include <frmManteRecibos.h>
+#include <frmRegistrosFiscales.h>
 #include <frmTramo.h>
 #include <frmVisor.h>
 #include <map>
@@ -120,6 +122,7 @@ const VistaDialogo* BuscaVistaDialogo(const DialogoModelo& modelo) {
 const VistaPantalla* BuscaVistaPantalla(const QString& nombre) {
     static const std::map<QString, VistaPantalla> vistas = {
         pantalla<frmFacturasVenta, VistaFacturasVenta>("frmFacturasVenta"),
+        pantalla<frmRegistrosFiscales, VistaRegistrosFiscales>("frmRegistrosFiscales"),
         pantallaCon<frmEdicionFacturas, VistaEdicionFacturas>("frmEdicionFacturas",
                                                               creaEdicionFacturas),
         pantallaCon<frmAlbaranVenta, VistaAlbaranVenta>("frmAlbaranVenta", creaAlbaranVenta),

@@ -406,12 +406,19 @@ TEST(MultifacturaDiscoLleno, AFullDiskStopsTheRunAndLosesNothing) {
               0);
     EXPECT_EQ(e.cuenta(QStringLiteral("SELECT COUNT(*) FROM Cav WHERE Cav_Situa = 1")),
               40 - hechas);
-    ASSERT_EQ(p.incidencias.size(), 2u);
-    EXPECT_TRUE(p.incidencias[0].motivo.contains(
-        QStringLiteral("No queda espacio en el disco de la base de datos")))
-        << p.incidencias[0].motivo.toStdString();
-    EXPECT_EQ(p.incidencias[1].motivo.toStdString(),
-              mensajes::kGruposSinIntentar.arg(40 - hechas - 1).toStdString());
+    // The disk may fill where the engine ends the whole open batch: then
+    // each invoice of it is told lost with the same cause, as is the one
+    // that met it, and the run says how many groups it left untried.
+    const std::size_t n = p.incidencias.size();
+    ASSERT_GE(n, 2u);
+    for (std::size_t i = 0; i + 1 < n; ++i) {
+        EXPECT_TRUE(p.incidencias[i].motivo.contains(
+            QStringLiteral("No queda espacio en el disco de la base de datos")))
+            << p.incidencias[i].motivo.toStdString();
+    }
+    EXPECT_EQ(
+        p.incidencias[n - 1].motivo.toStdString(),
+        mensajes::kGruposSinIntentar.arg(40 - hechas - static_cast<qint64>(n - 1)).toStdString());
 }
 
 // More groups than one page: a group past the boundary has its own
