@@ -258,6 +258,14 @@ std::optional<RegistroGuardado> fnRegistroVigente(BdSesion& bd, qint32 idFactura
     return rs.Eof() ? std::nullopt : std::optional(leeRegistro(rs));
 }
 
+QString fnUrlQrFactura(BdSesion& bd, qint32 idFactura) {
+    const std::optional<RegistroGuardado> r = fnRegistroVigente(bd, idFactura);
+    if (!r || !r->EsAlta()) {
+        return {};
+    }
+    return fnUrlQr(fnEntorno(bd), r->nif, r->numSerie, r->fecha, r->importeTotal);
+}
+
 } // namespace vk::fiscal
 
 namespace vk::fiscal {

@@ -71,4 +71,10 @@ std::optional<RegistroGuardado> fnRegistroVigente(BdSesion& bd, qint32 idFactura
 // Every record of an invoice, oldest first.
 std::vector<RegistroGuardado> fnRegistrosFactura(BdSesion& bd, qint32 idFactura);
 
+// The QR of a printed invoice: the URL of its record in force, with the
+// issuer, series/number, date and total exactly as registered, so that the
+// paper names what the tax agency holds. Empty when the invoice has no alta
+// in force (never registered, or cancelled): such an invoice prints no QR.
+QString fnUrlQrFactura(BdSesion& bd, qint32 idFactura);
+
 } // namespace vk::fiscal

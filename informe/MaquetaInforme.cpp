@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 #include <cmath>
 #include <map>
+#include <qrencode.h>
 #include <utility>
 
 namespace vk::informe {
@@ -25,6 +26,28 @@ struct InfoPagina {
     int numero = 1;
     int total = 1;
 };
+
+// A QR code's modules: error correction M (what the tax QR asks), 8-bit data,
+// case kept. Throws ErrorDiseno when the text does not fit a code.
+struct MatrizQr {
+    std::vector<bool> modulos;
+    int lado = 0;
+};
+MatrizQr CodificaQr(const QString& texto) {
+    const QByteArray datos = texto.toUtf8();
+    QRcode* codigo = QRcode_encodeString(datos.constData(), 0, QR_ECLEVEL_M, QR_MODE_8, 1);
+    if (!codigo) {
+        throw ErrorDiseno(mensajes::kQrNoCodifica.arg(texto));
+    }
+    MatrizQr m;
+    m.lado = codigo->width;
+    m.modulos.reserve(static_cast<size_t>(m.lado) * static_cast<size_t>(m.lado));
+    for (int i = 0; i < m.lado * m.lado; ++i) {
+        m.modulos.push_back((codigo->data[i] & 1) != 0);
+    }
+    QRcode_free(codigo);
+    return m;
+}
 
 // The values of one row for the formulas.
 class Contexto : public FuenteValores {
@@ -83,6 +106,7 @@ private:
         std::vector<Colocada> items;
         int instancia = 0;
         int filaPie = 0;
+        MatrizQr qr; // the page's code, when it has one (lado > 0)
     };
 
     // --- values ---
@@ -119,6 +143,11 @@ private:
     std::vector<const Seccion*> deTipo(TipoSeccion t, int nivel = -1) const;
     int nivel(const Seccion& s) const;
     void nuevaPagina(int fila);
+    // The QR code's band on the page just opened, when it is the first page
+    // of an instance of the outermost group whose row has a code.
+    void reservaQr(int fila);
+    QString textoQr(int fila) const;
+    void situaQr(const MatrizQr& qr, std::vector<ElementoInforme>& salida) const;
     void coloca(Colocada c);
     void emite(const Seccion& s, int fila);
     void cierraGrupos(int desde, int fila);
@@ -151,8 +180,11 @@ private:
     int limite_ = 0;
     bool soloCabecera_ = true;
     bool forzarPagina_ = false;
-    int activos_ = 0;   // group levels whose header has been printed
-    int instancia_ = 0; // instance of the page-numbering group
+    int activos_ = 0;    // group levels whose header has been printed
+    int instancia_ = 0;  // instance of the page-numbering group
+    int columnaQr_ = -1; // the column of the QR code's text
+    int exterior_ = 1;   // instance of the outermost group
+    int conQr_ = 0;      // the last such instance whose first page was opened
     // What mostrado() and visible() worked out, by object or condition (of
     // the report, which does not change while it is laid out) and row.
     mutable std::map<std::pair<const ObjetoInforme*, int>, Mostrado> mostrados_;
@@ -389,9 +421,66 @@ void Maquetador::coloca(Colocada c) {
     paginas_.back().items.push_back(std::move(c));
 }
 
+QString Maquetador::textoQr(int fila) const {
+    if (columnaQr_ < 0 || fila < 0 || fila >= static_cast<int>(d_.filas.size())) {
+        return {};
+    }
+    return d_.filas[static_cast<size_t>(fila)][static_cast<size_t>(columnaQr_)]
+        .toString()
+        .trimmed();
+}
+
+void Maquetador::reservaQr(int fila) {
+    if (columnaQr_ < 0 || conQr_ == exterior_) {
+        return;
+    }
+    conQr_ = exterior_;
+    const QString texto = textoQr(fila);
+    if (texto.isEmpty()) {
+        return;
+    }
+    Pagina& p = paginas_.back();
+    p.qr = CodificaQr(texto);
+    y_ += bandaqr::Alto(r_.Qr.Font, p.qr.lado);
+}
+
+void Maquetador::situaQr(const MatrizQr& qr, std::vector<ElementoInforme>& salida) const {
+    const int zona = bandaqr::ZonaSilencio(qr.lado);
+    const int leyenda = bandaqr::AltoLeyenda(r_.Qr.Font);
+    const double ancho = bandaqr::kLado + 2.0 * zona;
+    const double x =
+        r_.LeftMargin + (r_.AnchoPapel - r_.LeftMargin - r_.RightMargin - bandaqr::kLado) / 2.0;
+    const double y = r_.TopMargin + leyenda + zona;
+    auto rotulo = [&](const QString& nombre, const QString& texto, double top) {
+        if (texto.isEmpty()) {
+            return;
+        }
+        ElementoInforme e;
+        e.clase = ElementoInforme::Clase::Texto;
+        e.objeto = nombre;
+        e.rect = QRectF(x - zona, top, ancho, leyenda);
+        e.texto = texto;
+        e.fuente = r_.Qr.Font;
+        e.banderas = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine;
+        salida.push_back(std::move(e));
+    };
+    rotulo(QStringLiteral("CodigoQrEncima"), r_.Qr.Encima, r_.TopMargin);
+    ElementoInforme e;
+    e.clase = ElementoInforme::Clase::CodigoQr;
+    e.objeto = QStringLiteral("CodigoQr");
+    e.origen = r_.Qr.Campo;
+    e.rect = QRectF(x, y, bandaqr::kLado, bandaqr::kLado);
+    e.modulos = qr.modulos;
+    e.ladoModulos = qr.lado;
+    e.margen = zona;
+    salida.push_back(std::move(e));
+    rotulo(QStringLiteral("CodigoQrDebajo"), r_.Qr.Debajo, y + bandaqr::kLado + zona);
+}
+
 void Maquetador::nuevaPagina(int fila) {
-    paginas_.push_back({{}, instancia_, fila});
+    paginas_.push_back({{}, instancia_, fila, {}});
     y_ = r_.TopMargin;
+    reservaQr(fila);
     limite_ = r_.AltoPapel - r_.BottomMargin - altoPie();
     forzarPagina_ = false;
     for (const Seccion* s : deTipo(TipoSeccion::CabeceraPagina)) {
@@ -467,6 +556,12 @@ InformeMaquetado Maquetador::Ejecuta() {
             nivelPaginas = n + 1;
         }
     }
+    if (!r_.Qr.Campo.trimmed().isEmpty()) {
+        columnaQr_ = d_.indice(r_.Qr.Campo.trimmed());
+        if (columnaQr_ < 0) {
+            throw ErrorDiseno(mensajes::kQrFueraDeDatos.arg(r_.Name, r_.Qr.Campo));
+        }
+    }
     for (const Seccion* s : deTipo(TipoSeccion::CabeceraInforme)) {
         emite(*s, 0);
     }
@@ -485,6 +580,13 @@ InformeMaquetado Maquetador::Ejecuta() {
             }
             if (cambio <= niveles) {
                 cierraGrupos(cambio, i - 1);
+            }
+            if (cambio == 1 && niveles > 0) {
+                ++exterior_;
+                // Its code goes at the top of its first page.
+                if (!textoQr(i).isEmpty()) {
+                    forzarPagina_ = true;
+                }
             }
         }
         if (nivelPaginas > 0 && cambio <= nivelPaginas) {
@@ -533,6 +635,9 @@ InformeMaquetado Maquetador::Ejecuta() {
             }
         }
         std::vector<ElementoInforme>& elementos = res.paginas.emplace_back().elementos;
+        if (pag.qr.lado > 0) {
+            situaQr(pag.qr, elementos);
+        }
         for (const Colocada& c : pag.items) {
             situa(c, info, r_.LeftMargin, elementos);
             res.colocadas.push_back({c.s->Name, c.fila, static_cast<int>(i), c.top, c.alto});
@@ -739,6 +844,23 @@ QRectF CajaTexto(const ElementoInforme& e, double k) {
     const double margen = e.margen * k;
     return EnDispositivo(e.rect, k).adjusted(margen, 0, -margen, 0);
 }
+
+namespace bandaqr {
+
+int ZonaSilencio(int ladoModulos) {
+    return ladoModulos > 0 ? std::max(kZonaMinima, (4 * kLado + ladoModulos - 1) / ladoModulos)
+                           : kZonaMinima;
+}
+
+int AltoLeyenda(const Fuente& f) {
+    return static_cast<int>(std::ceil(f.puntos * 20 * 1.5));
+}
+
+int Alto(const Fuente& f, int ladoModulos) {
+    return 2 * AltoLeyenda(f) + 2 * ZonaSilencio(ladoModulos) + kLado + kSeparacion;
+}
+
+} // namespace bandaqr
 
 double UnidadesPorTwip(const QPaintDevice& dispositivo) {
     return dispositivo.logicalDpiY() / 1440.0;

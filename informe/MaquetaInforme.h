@@ -38,6 +38,9 @@ struct ElementoInforme {
         Linea,   // from the rect's top left, by its width and height
         Imagen,  // a picture fitted into the rect, keeping its proportions
         Texto,
+        // A QR code: `modulos` (row by row, `ladoModulos` a side, true for
+        // dark) filling the rect; its quiet zone is kept free around it.
+        CodigoQr,
     };
     Clase clase = Clase::Texto;
     QRectF rect;
@@ -57,7 +60,27 @@ struct ElementoInforme {
     double margen = 0;
     bool numero = false; // the value was a figure (for sinks that type cells)
     QImage imagen;       // Imagen: the picture as read, not yet scaled
+    std::vector<bool> modulos;
+    int ladoModulos = 0;
 };
+
+// The band of a report's QR code (Reporte::Qr), in twips. The symbol is 32 mm
+// a side (the modules only; the law asks 30 to 40 mm) with a quiet zone of 3 mm
+// or four modules, whichever is more, on every side: 38 mm with it, so the
+// code is within the range whether or not its margin is counted. The legends
+// stand above and below the quiet zone, and a gap separates the band from
+// the page's first section.
+namespace bandaqr {
+constexpr int kLado = 1814;      // 32 mm
+constexpr int kZonaMinima = 170; // 3 mm
+constexpr int kSeparacion = 113; // 2 mm
+// The quiet zone of a code of that many modules a side.
+int ZonaSilencio(int ladoModulos);
+// The height of a legend line in the code's font.
+int AltoLeyenda(const Fuente& f);
+// The whole band: legend, quiet zone, symbol, quiet zone, legend, gap.
+int Alto(const Fuente& f, int ladoModulos);
+} // namespace bandaqr
 
 struct PaginaInforme {
     std::vector<ElementoInforme> elementos; // in painting order

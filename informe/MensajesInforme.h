@@ -36,6 +36,9 @@ inline const QString kGrupoFueraDeDatos =
     QStringLiteral("El informe %1 agrupa por %2, que no está en los datos.");
 inline const QString kCampoFueraDeDatos =
     QStringLiteral("El campo %1 del objeto %2 no está en los datos.");
+inline const QString kQrFueraDeDatos =
+    QStringLiteral("El código QR del informe %1 lee %2, que no está en los datos.");
+inline const QString kQrNoCodifica = QStringLiteral("El texto «%1» no cabe en un código QR.");
 inline const QString kCampoEspecialDesconocido = QStringLiteral("Campo especial desconocido: %1.");
 inline const QString kEnlaceFueraDeDatos =
     QStringLiteral("El enlace %1 del subinforme %2 no está en los datos.");

@@ -195,6 +195,20 @@ struct BaseDatosInforme {
     TablasInforme Tables;
 };
 
+// A QR code printed at the top of the first page of each instance of the
+// outermost group (each invoice of a run; the whole report when it has no
+// groups), in a band reserved above everything else on that page and centred
+// between the margins: the page's sections start below the band, so the code
+// never stands over a design's objects, whatever the design. Its text is the
+// value of a column on the instance's first row; an instance whose value is
+// empty prints no code and keeps its layout, and one with a code always
+// starts a page.
+struct CodigoQr {
+    QString Campo;          // the column; empty: the report prints no code
+    QString Encima, Debajo; // the legends above and below the code
+    Fuente Font{QStringLiteral("DejaVu Sans"), 10, true, false};
+};
+
 class Reporte {
 public:
     QString Name; // the report name of the design
@@ -211,6 +225,8 @@ public:
     // two it states, the others scaled as 7365 is to its width without
     // packages.
     int AnchoDescripcion(int figuraLegada) const;
+
+    CodigoQr Qr;
 
     std::vector<Grupo> Grupos;
     ColeccionSecciones Sections;

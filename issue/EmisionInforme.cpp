@@ -78,8 +78,15 @@ QString RenderizaFacturasPdf(BdSesion& bd, const QVector<qint32>& ids, const QSt
         r->DiscardSavedData();
     }
     r->Database.Tables.Item(1).SetDataSource(rs, 3);
+    ActivaQrTributario(*r);
     EscribePdf(*r, ficheroPdf);
     return ficheroPdf;
+}
+
+void ActivaQrTributario(informe::Reporte& reporte) {
+    reporte.Qr.Campo = kColumnaUrlQr;
+    reporte.Qr.Encima = mensajes::kQrEncima;
+    reporte.Qr.Debajo = mensajes::kQrDebajo;
 }
 
 void EscribePdf(informe::Reporte& reporte, const QString& ficheroPdf) {

@@ -24,6 +24,12 @@ EmpresaEmision CargaEmpresa(BdSesion& bd);
 // cannot be written.
 void EscribePdf(informe::Reporte& reporte, const QString& ficheroPdf);
 
+// Every invoice report prints the tax QR of each invoice (the rows' UrlQr)
+// at the top of its first page, with its legends; an invoice without a
+// record in force prints none. Called where the rows of LeeFilasFacturas are
+// bound, on every route.
+void ActivaQrTributario(informe::Reporte& reporte);
+
 struct ContextoInforme;
 
 // The invoices of `ids` through the design `nombreReporte` into the PDF file,

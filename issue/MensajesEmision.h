@@ -5,6 +5,9 @@
 
 namespace vk::mensajes {
 
+// The legends of the tax QR, above and below the code, as the law words them.
+inline const QString kQrEncima = QStringLiteral("QR tributario:");
+inline const QString kQrDebajo = QStringLiteral("VERI*FACTU");
 inline const QString kErrorEmitiendo = QStringLiteral("Error Emitiendo Factura");
 inline const QString kAccionCancelada = QStringLiteral("Acción Cancelada");
 // The works and transport families name their failures apart.

@@ -97,6 +97,7 @@ QString FicheroInformeImpresora(const QString& ruta, bool trasTexto) {
 
 void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> r, const Recordset& filas,
                     const OpcionesRuta& opciones) {
+    ActivaQrTributario(*r);
     if (opciones.sumaMargen && (f.Tipo_Emision == 0 || f.Tipo_Emision == 1)) {
         sumaMargen(f, *r);
     }

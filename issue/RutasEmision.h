@@ -31,7 +31,8 @@ QString FicheroInformeImpresora(const QString& ruta, bool trasTexto);
 // the first row (PdfOutFile), 3 mail (throws ErrorDispositivo: not yet available), and
 // nothing above 3. `filas` are the invoice rows the report was bound to: the
 // first names the document, all of them fill the viewer's list. Throws
-// ErrorDispositivo on a printer or file failure.
+// ErrorDispositivo on a printer or file failure. The report prints the tax QR
+// of each invoice (ActivaQrTributario).
 void EntregaInforme(VKFACVENTAS& f, std::unique_ptr<informe::Reporte> reporte,
                     const Recordset& filas, const OpcionesRuta& opciones = {});
 

@@ -1,5 +1,6 @@
 #include "SqlFacturas.h"
 
+#include <CadenaFiscal.h>
 #include <QStringList>
 #include <map>
 #include <vector>
@@ -151,6 +152,24 @@ void anadeMencionIva(Recordset& rs) {
     rs.MoveFirst();
 }
 
+// UrlQr: the URL of the invoice's record in force, read once per invoice,
+// the same on every row of the invoice.
+void anadeUrlQr(BdSesion& bd, Recordset& rs) {
+    std::map<qint64, QString> urls;
+    std::vector<QVariant> valores;
+    valores.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        const qint64 id = rs.Fields(QStringLiteral("Fav_Id")).Entero();
+        auto it = urls.find(id);
+        if (it == urls.end()) {
+            it = urls.emplace(id, fiscal::fnUrlQrFactura(bd, static_cast<qint32>(id))).first;
+        }
+        valores.emplace_back(it->second);
+    }
+    rs.AnadeCampo(kColumnaUrlQr, std::move(valores));
+    rs.MoveFirst();
+}
+
 // "?, ?, ?" and the ids to bind to it.
 QString marcadores(const QVector<qint32>& ids, QVariantList& params) {
     params << ValoresSql(ids);
@@ -173,6 +192,7 @@ Recordset LeeFilasFacturas(BdSesion& bd, const QVector<qint32>& ids) {
 Recordset LeeFilasFacturasDonde(BdSesion& bd, const QString& resto, const QVariantList& params) {
     Recordset rs = bd.cn().Execute(fnSqlFacturas(bd) + resto, params);
     anadeMencionIva(rs);
+    anadeUrlQr(bd, rs);
     return rs;
 }
 

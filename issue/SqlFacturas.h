@@ -16,9 +16,12 @@ namespace vk {
 // receipt's text, or eleven "#" without receipts), Comercial, Tiva_Iva,
 // Tiva_Rec, PVP, the line's regime Tiva_Reg and its legal mention
 // MenIva_Texto (vkcomun.MENIVA, NULL when the regime has none), and the rest
-// of the legacy list. The invoice's column MencionIva is added by the readers
-// below, so the rows are read through them.
+// of the legacy list. The invoice's columns MencionIva and UrlQr are added by
+// the readers below, so the rows are read through them.
 QString fnSqlFacturas(BdSesion& bd);
+
+// The rows' column with the URL of the invoice's tax QR.
+inline const QString kColumnaUrlQr = QStringLiteral("UrlQr");
 
 // The rows of those invoices, ordered as the issue orders them (note date,
 // note series and number, line order); ids are bound. Empty ids give no rows.
@@ -27,7 +30,9 @@ Recordset LeeFilasFacturas(BdSesion& bd, const QVector<qint32>& ids);
 // The rows of fnSqlFacturas followed by `resto` (the WHERE and ORDER BY of a
 // reader with an order of its own), bound with params, with MencionIva on
 // every row: the legal mentions of the regimes of the invoice's lines, each
-// once, in regime order, joined by ". "; empty when none.
+// once, in regime order, joined by ". "; empty when none. And UrlQr: the URL
+// of the invoice's tax QR (fiscal::fnUrlQrFactura), empty when it has no
+// record in force.
 Recordset LeeFilasFacturasDonde(BdSesion& bd, const QString& resto, const QVariantList& params);
 
 // The rows of the food design's two subreports, bound in this order: the VAT

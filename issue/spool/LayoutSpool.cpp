@@ -55,6 +55,19 @@ QString Centrado(const QString& titulo, int ancho) {
            QString(faltan - faltan / 2, QLatin1Char('-'));
 }
 
+QStringList LineasQr(const QString& url, int ancho) {
+    const QString texto = url.trimmed();
+    if (texto.isEmpty() || ancho <= 0) {
+        return {};
+    }
+    QStringList lineas{mensajes::kQrEncima};
+    for (qsizetype i = 0; i < texto.size(); i += ancho) {
+        lineas << texto.mid(i, ancho);
+    }
+    lineas << mensajes::kQrDebajo;
+    return lineas;
+}
+
 QStringList LineasMencionIva(const Recordset& rs, int ancho, const QString& codigoPagina) {
     const QString texto = TrimBlancos(
         AjustaCodigoPagina(rs.Fields(QStringLiteral("MencionIva")).Texto(), codigoPagina));
@@ -269,9 +282,20 @@ void LayoutSpool::TituloColumnas() {
             QStringLiteral(" -PRECIO-- -DTOS- --IMPORTE--"));
 }
 
+void LayoutSpool::AntesCabecera(int n) {
+    // bCabecera is still false while the head of an invoice's first page is
+    // written: the legend goes on that page only, at its top.
+    const QStringList qr =
+        bCabecera ? QStringList() : LineasQr(T("UrlQr"), std::max(1, E("anchoMencion")));
+    for (const QString& linea : qr) {
+        Escribe(linea);
+    }
+    Blancos(n - static_cast<int>(qr.size()));
+}
+
 void LayoutSpool::Cabecera() {
     InicioCabecera();
-    Blancos(E("lineasAntesCabecera"));
+    AntesCabecera(E("lineasAntesCabecera"));
     BloqueCliente();
     Escribe();
     TituloColumnas();

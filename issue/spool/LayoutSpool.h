@@ -67,6 +67,10 @@ protected:
 
     // ---- pieces of the generic blocks, for members ----
     void InicioCabecera(); // page number, form feed, leaves condensed mode
+    // The n blank lines that place the head on the form. On an invoice's
+    // first page its tax QR legend (LineasQr) takes the first of them, or
+    // all of them and as many more as it needs.
+    void AntesCabecera(int n);
     void BloqueCliente(const QString& prefijo = {});
     void TituloColumnas();
     QString LineaGeneral(const QStringList& aDes) const;
@@ -149,6 +153,12 @@ QString Centrado(const QString& titulo, int ancho);
 // broken at blanks into lines of at most `ancho` (a longer word is cut into
 // lines of that width); none when the invoice has no mention.
 QStringList LineasMencionIva(const Recordset& rs, int ancho, const QString& codigoPagina);
+
+// The tax QR of an invoice as text: an impact printer's text layout draws no
+// code, so it prints what the code holds. "QR tributario:", the URL cut into
+// lines of at most `ancho` characters (it has no blanks to break at), and
+// "VERI*FACTU"; none when the URL is empty (no record in force).
+QStringList LineasQr(const QString& url, int ancho);
 
 // The n blank lines of a gap of the foot (none for n <= 0), so that what
 // follows the gap stays on its line. When the lines of the mention fit in

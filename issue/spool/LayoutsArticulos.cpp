@@ -43,7 +43,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         BloqueCliente();
         Escribe();
         Escribe(QStringLiteral("-CODIGO-- ") + Centrado(QStringLiteral("CONCEPTO"), nAncho) +
@@ -109,7 +109,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         const QStringList aDir = Direccion();
         const QString raya = Espacios(E("sangriaRaya")) + QString(40, u'-');
         const QString sangria = Espacios(E("sangriaCliente"));
@@ -162,7 +162,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         BloqueCliente(QStringLiteral(" "));
         Escribe();
         Envia(kCondensado);

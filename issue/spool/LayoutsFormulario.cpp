@@ -36,7 +36,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         const QString sangria = Espacios(E("columnaCliente") - 1);
         Escribe(sangria + fnAlinea(T("Cli_Nom"), 40, 0));
         for (const QString& l : Direccion()) {
@@ -107,7 +107,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         BloqueCliente();
         Escribe(Espacios(E("sangriaCliente")) + QStringLiteral("Cod.Proveedor: ") + cliente()[0]);
         Escribe();
@@ -167,7 +167,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         const QString sangria = Espacios(E("columnaCliente") - 1);
         Escribe(sangria + fnAlinea(T("Cli_Nom"), nAncho, 0));
         for (const QString& l : Direccion()) {
@@ -260,7 +260,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         const QString sangria = Espacios(E("columnaCliente") - 1);
         Escribe(sangria + T("Cli_Nom"));
         for (const QString& l : Direccion()) {
@@ -313,7 +313,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         BloqueCliente();
         Escribe(QStringLiteral("Matrícula: ") + T("Veh_Mat") + Espacios(4) +
                 QStringLiteral("Km: ") + T("Cav_Km"));

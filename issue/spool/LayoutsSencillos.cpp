@@ -48,7 +48,7 @@ private:
     void NuevaFactura() override { arrastre_ = false; }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         const QString sangria = Espacios(E("columnaBloque") - 1);
         const QStringList aDir = Direccion();
         Escribe(sangria + T("Cli_Nom"));
@@ -126,7 +126,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(E("lineasAntesCabecera"));
+        AntesCabecera(E("lineasAntesCabecera"));
         const int ancho = E("anchoBloqueCliente");
         const QStringList aDir = Direccion();
         Escribe(Izquierda(T("Cli_Nom"), ancho) + QStringLiteral("Factura: ") + T("Fav_Serie") +
@@ -198,7 +198,7 @@ private:
     }
     void Cabecera() override {
         InicioCabecera();
-        Blancos(static_cast<int>(Parametro("Par_TopMarg")));
+        AntesCabecera(static_cast<int>(Parametro("Par_TopMarg")));
         BloqueCliente();
         Escribe();
         Escribe(QStringLiteral("--CANT-- -CODIGO-- ") +

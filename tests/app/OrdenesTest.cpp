@@ -228,9 +228,12 @@ TEST_P(Ordenes, EmitirToAPathPrintsTheTextLayoutOfDesignSix) {
     QFile f(impresora);
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     const QByteArray bytes = f.readAll();
-    // Text for the impact printer, in its code page: both invoices, their
-    // notes, a form feed between them.
-    EXPECT_TRUE(bytes.startsWith("\x12\r\n"));
+    // Text for the impact printer, in its code page: both invoices, each
+    // with its tax QR's legend at the top of its first page, their notes, a
+    // form feed between them.
+    EXPECT_TRUE(bytes.startsWith("\x12QR tributario:\r\nhttps://"));
+    EXPECT_EQ(bytes.count("QR tributario:\r\n"), 2);
+    EXPECT_EQ(bytes.count("VERI*FACTU\r\n"), 2);
     EXPECT_TRUE(bytes.contains("Factura......: A/1 "));
     EXPECT_TRUE(bytes.contains("Factura......: A/2 "));
     EXPECT_TRUE(bytes.contains("Albar\xa0n n\xa7: "));
