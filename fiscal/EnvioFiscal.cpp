@@ -4,6 +4,7 @@
 
 #include <BdSesion.h>
 #include <QThread>
+#include <algorithm>
 
 namespace vk::fiscal {
 
@@ -77,7 +78,11 @@ void anotaRespuesta(BdSesion& bd, const Remision& rem, const RespuestaAeat& resp
         if (estado == 1) {
             ++resumen.correctos;
         } else {
-            estado == 2 ? ++resumen.conErrores : ++resumen.rechazados;
+            if (estado == 2) {
+                ++resumen.conErrores;
+            } else {
+                ++resumen.rechazados;
+            }
             resumen.incidencias.push_back(
                 {r.id, r.tipo, r.numSerie, r.fecha, estado, linea->codigo, linea->descripcion});
         }

@@ -22,13 +22,13 @@ namespace vk::fiscal {
 
 namespace {
 
-// The stored element, without the declaration a writer may have put first.
+// The stored text as it is (the newline the writer ends it with included),
+// without the declaration a writer may have put first.
 QString elemento(const QString& xml) {
-    QString e = xml.trimmed();
-    if (e.startsWith(QLatin1String("<?xml"))) {
-        e = e.mid(e.indexOf(QLatin1String("?>")) + 2).trimmed();
+    if (xml.trimmed().startsWith(QLatin1String("<?xml"))) {
+        return xml.mid(xml.indexOf(QLatin1String("?>")) + 2);
     }
-    return e;
+    return xml;
 }
 
 #if LIBXML_VERSION >= 21200
