@@ -123,7 +123,40 @@ inline const QString kAyudaVerifactu = QStringLiteral(
     "Uso: vkfactuven verifactu SUBORDEN [opciones]\n\n"
     "Registros de facturación (VERI*FACTU) de la empresa:\n"
     "  estado      registros, pendientes de envío, aceptados y rechazados con su motivo\n"
-    "  verificar   recalcula la cadena entera y señala el primer registro roto\n");
+    "  verificar   recalcula la cadena entera y señala el primer registro roto\n"
+    "  exportar --salida DIR [--pendientes] [--lote N]\n"
+    "              escribe los registros (todos, o solo los pendientes) como envíos a la\n"
+    "              AEAT validados: verifactu-0001.xml, ... de como mucho 1000 registros\n"
+    "  enviar [--servidor URL] [--lote N] [--espera-maxima SEGUNDOS]\n"
+    "              envía los pendientes a la AEAT y resume su respuesta; estado 1 si un\n"
+    "              envío no obtuvo respuesta (sus registros siguen pendientes)\n"
+    "  subsanar --registro N\n"
+    "              registra de nuevo, como está ahora, la factura de un alta rechazada\n\n"
+    "El certificado de la empresa y el resto de ajustes del envío se leen de la sección\n"
+    "[verifactu] de vkfactuven.ini (certificado, clave_privada, clave, ca, servidor,\n"
+    "tiempo_maximo, espera_maxima); la contraseña también de VKFACTUVEN_VF_CLAVE.\n");
+inline const QString kFaltaSalida =
+    QStringLiteral("Falta --salida DIR: la carpeta donde escribir los envíos.");
+inline const QString kFaltaRegistro =
+    QStringLiteral("Falta --registro N: el registro rechazado que se subsana.");
+inline const QString kSinRegistrosExportar =
+    QStringLiteral("No hay registros de facturación que exportar.");
+inline const QString kFicheroExiste = QStringLiteral(
+    "Ya existe %1: no se sobrescribe. Elija otra carpeta o retire los envíos anteriores.");
+inline const QString kRemisionNoValida =
+    QStringLiteral("El envío que empieza en el registro %1 no cumple el esquema de la AEAT:\n%2");
+inline const QString kNoSeEscribe = QStringLiteral("No se pudo escribir %1.");
+inline const QString kExportados = QStringLiteral("Exportados %1 registros en %2 ficheros en %3.");
+inline const QString kSinPendientes = QStringLiteral("No hay registros pendientes de envío.");
+inline const QString kResumenEnvio =
+    QStringLiteral("Enviados %1 registros en %2 envíos a la AEAT.");
+inline const QString kEnvioFallido =
+    QStringLiteral("El envío no se completó: %1. Los registros no enviados siguen pendientes.");
+inline const QString kRegistroNoExiste = QStringLiteral("No existe el registro %1.");
+inline const QString kRegistroNoVigente = QStringLiteral(
+    "El registro %1 ya no es el registro en vigor de su factura: no se puede subsanar.");
+inline const QString kSubsanado =
+    QStringLiteral("Registro %1: alta de subsanación de la factura %2 de %3, pendiente de envío.");
 inline const QString kSubordenVerifactu =
     QStringLiteral("Suborden desconocida de verifactu: «%1». Use «vkfactuven verifactu --help».");
 } // namespace vk::mensajes

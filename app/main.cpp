@@ -58,6 +58,12 @@ const char* const kAyuda = R"(Uso: vkfactuven ORDEN [opciones]
   verifactu estado|verificar [--db DB]
                              registros de facturación (VERI*FACTU): su estado de envío
                              y la comprobación de la cadena entera
+  verifactu exportar --salida DIR [--pendientes] [--lote N] [--db DB]
+                             los registros como envíos a la AEAT validados (ficheros XML)
+  verifactu enviar [--servidor URL] [--lote N] [--espera-maxima SEGUNDOS] [--db DB]
+                             envía los registros pendientes a la AEAT y resume su respuesta
+  verifactu subsanar --registro N [--db DB]
+                             registra de nuevo la factura de un alta rechazada
 
 Las opciones se escriben --opcion valor o --opcion=valor. Todas las órdenes
 admiten --detalle: en los errores de la base de datos muestra también el texto

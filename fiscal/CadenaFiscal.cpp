@@ -167,7 +167,7 @@ qint32 msRegistraAlta(BdSesion& bd, const FacturaFiscal& f, const OpcionesAlta& 
     r.huellaAnterior = cola.ultimo ? cola.ultimo->huella : QString();
     r.fechaHora = fnFechaHoraFiscal(cola.momento);
     r.subsanacion = o.subsanacion ? QStringLiteral("S") : QString();
-    r.rechazoPrevio = o.rechazoPrevio ? QStringLiteral("S") : QString();
+    r.rechazoPrevio = o.rechazoPrevio;
     r.huella = r.HuellaCalculada();
     r.xml = fnXmlAlta(f, emisor, o,
                       DatosCadena{anteriorDe(cola.ultimo), fnSistemaInformatico(instalacion(bd)),
@@ -204,6 +204,30 @@ QString contenido(const QString& xml) {
     return desde < 0 || hasta < desde ? xml : xml.mid(desde, hasta - desde);
 }
 
+// The agency's state of a record: 0 not answered yet, 1 accepted, 2 accepted
+// with errors, 3 rejected.
+int estadoEnvio(BdSesion& bd, qint32 idRegistro) {
+    const Recordset rs = bd.cn().Execute(
+        QStringLiteral("SELECT Vfe_Estado FROM VfEnvio WHERE Vfe_IdRegistro = ?"), {idRegistro});
+    return rs.Eof() ? 0 : static_cast<int>(rs.Fields(0).Entero());
+}
+
+// The RechazoPrevio a new alta of the invoice carries after its record in
+// force was rejected: "S" when an earlier alta of the same invoice was taken
+// by the agency (the rejected one was a correction of it), "X" when none was
+// (the invoice does not exist there yet). Empty when nothing was rejected.
+QString rechazoPrevio(BdSesion& bd, const RegistroGuardado& vigente) {
+    if (estadoEnvio(bd, vigente.id) != 3) {
+        return {};
+    }
+    const Recordset rs = bd.cn().Execute(
+        QStringLiteral("SELECT COUNT(*) FROM VfRegistro INNER JOIN VfEnvio ON Vfe_IdRegistro = "
+                       "Vfr_Id WHERE Vfr_Tipo = 'A' AND Vfr_Nif = ? AND Vfr_NumSerie = ? AND "
+                       "Vfr_Fecha = ? AND Vfe_Estado IN (1, 2)"),
+        {vigente.nif, vigente.numSerie, vigente.fecha});
+    return rs.Fields(0).Entero() > 0 ? QStringLiteral("S") : QStringLiteral("X");
+}
+
 } // namespace
 
 CambioRegistro msActualizaRegistro(BdSesion& bd, const FacturaFiscal& f) {
@@ -226,8 +250,23 @@ CambioRegistro msActualizaRegistro(BdSesion& bd, const FacturaFiscal& f) {
     if (contenido(nuevo) == contenido(vigente->xml)) {
         return CambioRegistro::Ninguno;
     }
-    msRegistraAlta(bd, f, OpcionesAlta{true, false});
+    msRegistraAlta(bd, f, OpcionesAlta{true, rechazoPrevio(bd, *vigente)});
     return CambioRegistro::Subsanacion;
+}
+
+qint32 msSubsanaRechazado(BdSesion& bd, const FacturaFiscal& f) {
+    const EmisorFiscal emisor = fnEmisor(bd);
+    msBloqueaCadena(bd);
+    const std::optional<RegistroGuardado> vigente = fnRegistroVigente(bd, f.idFactura);
+    if (!vigente || !vigente->EsAlta() || estadoEnvio(bd, vigente->id) != 3) {
+        throw ErrorRegla(mensajes::kNoRechazado.arg(f.numSerie.trimmed()));
+    }
+    if (vigente->nif != emisor.nif || vigente->numSerie != f.numSerie.trimmed() ||
+        vigente->fecha != fnFechaFiscal(f.fecha)) {
+        // Another identity is another invoice for the agency: not a correction.
+        throw ErrorRegla(mensajes::kSubsanacionOtraFactura.arg(vigente->numSerie, vigente->fecha));
+    }
+    return msRegistraAlta(bd, f, OpcionesAlta{true, rechazoPrevio(bd, *vigente)});
 }
 
 bool msAnulaRegistro(BdSesion& bd, qint32 idFactura) {

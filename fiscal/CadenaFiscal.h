@@ -61,6 +61,11 @@ enum class CambioRegistro {
 // After a change of an invoice, in its transaction and under its series'
 // lock: the record that makes the chain say what the invoice now says.
 CambioRegistro msActualizaRegistro(BdSesion& bd, const FacturaFiscal& factura);
+// The invoice of a rejected alta registered again as it stands now (after
+// the user corrected what the agency refused): a Subsanacion with its
+// RechazoPrevio. Throws ErrorRegla when the invoice's record in force is not a
+// rejected alta, or when its series, number or date changed since.
+qint32 msSubsanaRechazado(BdSesion& bd, const FacturaFiscal& factura);
 // Before an invoice goes: the anulación of its record in force, if any.
 // False when it had none.
 bool msAnulaRegistro(BdSesion& bd, qint32 idFactura);

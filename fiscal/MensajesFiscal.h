@@ -24,4 +24,11 @@ inline const QString kRegistroMalEncadenado =
 inline const QString kXmlAlterado =
     QStringLiteral("Registro %1 (%2 de la factura %3): su XML no corresponde a sus datos.");
 
+inline const QString kNoRechazado = QStringLiteral(
+    "El registro en vigor de la factura %1 no es un alta rechazada por la AEAT: no hay nada que "
+    "subsanar.");
+inline const QString kSubsanacionOtraFactura = QStringLiteral(
+    "La factura ya no tiene la serie, número o fecha de su registro rechazado (%1 de %2): "
+    "guárdela para que se registre como factura nueva.");
+
 } // namespace vk::mensajes

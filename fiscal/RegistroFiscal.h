@@ -50,10 +50,12 @@ struct FacturaFiscal {
 };
 
 // A record that replaces an earlier one of the same invoice (Subsanacion),
-// or one the agency rejected (RechazoPrevio).
+// and whether the agency rejected the one it replaces (RechazoPrevio): "S"
+// when the invoice is registered there all the same (a rejected correction),
+// "X" when it is not (its first alta was rejected); empty otherwise.
 struct OpcionesAlta {
     bool subsanacion = false;
-    bool rechazoPrevio = false;
+    QString rechazoPrevio;
 };
 
 // The type of an invoice by what it is: a rectifying invoice when it names

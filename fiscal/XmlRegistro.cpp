@@ -91,8 +91,8 @@ QString fnXmlAlta(const FacturaFiscal& f, const EmisorFiscal& emisor, const Opci
     if (o.subsanacion) {
         x.campo("Subsanacion", QStringLiteral("S"));
     }
-    if (o.rechazoPrevio) {
-        x.campo("RechazoPrevio", QStringLiteral("S"));
+    if (!o.rechazoPrevio.isEmpty()) {
+        x.campo("RechazoPrevio", o.rechazoPrevio);
     }
     x.campo("TipoFactura", f.tipoFactura);
     if (!f.tipoRectificativa.isEmpty()) {

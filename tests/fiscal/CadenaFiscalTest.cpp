@@ -79,7 +79,7 @@ protected:
         QProcess x;
         x.start(QStringLiteral("xmllint"),
                 {QStringLiteral("--noout"), QStringLiteral("--schema"),
-                 QStringLiteral(VK_ESQUEMAS_AEAT "/SuministroLR.xsd"), f.fileName()});
+                 QStringLiteral(VK_ESQUEMAS "/SuministroLR.xsd"), f.fileName()});
         ASSERT_TRUE(x.waitForFinished(60000));
         EXPECT_EQ(x.exitCode(), 0) << x.readAllStandardError().toStdString();
     }
