@@ -309,6 +309,12 @@ QString fnUrlQrFactura(BdSesion& bd, qint32 idFactura) {
 
 namespace vk::fiscal {
 
+void fnRecorreCadena(BdSesion& bd,
+                     const std::function<void(const RegistroGuardado&)>& porRegistro) {
+    bd.cn().Recorre(QStringLiteral("SELECT %1 FROM VfRegistro r ORDER BY r.Vfr_Id").arg(kColumnas),
+                    {}, [&porRegistro](const Recordset& rs) { porRegistro(leeRegistro(rs)); });
+}
+
 std::vector<RegistroGuardado> fnRegistrosFactura(BdSesion& bd, qint32 idFactura) {
     std::vector<RegistroGuardado> r;
     for (Recordset rs = bd.cn().Execute(

@@ -9,6 +9,7 @@
 #include "XmlRegistro.h"
 
 #include <QString>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -73,6 +74,9 @@ bool msAnulaRegistro(BdSesion& bd, qint32 idFactura);
 // The last record of the chain, and the last one of an invoice.
 std::optional<RegistroGuardado> fnUltimoRegistro(BdSesion& bd);
 std::optional<RegistroGuardado> fnRegistroVigente(BdSesion& bd, qint32 idFactura);
+// Every record of the chain in its order, one at a time: `porRegistro` must
+// not run statements on the session.
+void fnRecorreCadena(BdSesion& bd, const std::function<void(const RegistroGuardado&)>& porRegistro);
 // Every record of an invoice, oldest first.
 std::vector<RegistroGuardado> fnRegistrosFactura(BdSesion& bd, qint32 idFactura);
 

@@ -31,29 +31,10 @@ ResultadoVerificacion fnVerificaCadena(BdSesion& bd) {
     ResultadoVerificacion v;
     qint32 idPrevio = 0;
     QString huellaPrevia;
-    for (Recordset rs = bd.cn().Execute(QStringLiteral(
-             "SELECT Vfr_Id, Vfr_Tipo, Vfr_IdFactura, Vfr_IdAnterior, Vfr_Nif, Vfr_NumSerie, "
-             "Vfr_Fecha, Vfr_TipoFactura, Vfr_CuotaTotal, Vfr_ImporteTotal, Vfr_HuellaAnterior, "
-             "Vfr_FechaHora, Vfr_Huella, Vfr_Xml FROM VfRegistro ORDER BY Vfr_Id"));
-         !rs.Eof(); rs.MoveNext()) {
-        RegistroGuardado r;
-        r.id = static_cast<qint32>(rs.Fields(0).Entero());
-        r.tipo = rs.Fields(1).Texto().trimmed();
-        r.idFactura = static_cast<qint32>(rs.Fields(2).Entero());
-        r.idAnterior = static_cast<qint32>(rs.Fields(3).Entero());
-        r.nif = rs.Fields(4).Texto();
-        r.numSerie = rs.Fields(5).Texto();
-        r.fecha = rs.Fields(6).Texto();
-        r.tipoFactura = rs.Fields(7).Texto();
-        r.cuotaTotal = rs.Fields(8).Texto();
-        r.importeTotal = rs.Fields(9).Texto();
-        r.huellaAnterior = rs.Fields(10).Texto();
-        r.fechaHora = rs.Fields(11).Texto();
-        r.huella = rs.Fields(12).Texto();
-        r.xml = rs.Fields(13).Texto();
+    fnRecorreCadena(bd, [&](const RegistroGuardado& r) {
         ++v.registros;
         if (v.idRoto != 0) {
-            continue;
+            return;
         }
         if (r.HuellaCalculada() != r.huella) {
             v.idRoto = r.id;
@@ -68,7 +49,7 @@ ResultadoVerificacion fnVerificaCadena(BdSesion& bd) {
         }
         idPrevio = r.id;
         huellaPrevia = r.huella;
-    }
+    });
     return v;
 }
 

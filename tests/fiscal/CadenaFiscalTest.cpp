@@ -41,14 +41,18 @@ protected:
         }
     }
 
-    qint32 factura(const QDate& fecha, std::vector<LineaPrueba> lineas = {{100}, {40, 2, 2}}) {
-        const qint32 nota = e->albaran(cliente, fecha, 2, lineas);
+    // The header of an invoice of the customer in series A on `fecha`.
+    CabeceraFactura cabecera(const QDate& fecha) const {
         CabeceraFactura h;
         h.serie = QStringLiteral("A");
         h.fecha = fecha;
         h.idCliente = cliente;
         h.idFco = contado;
-        const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), h, {nota});
+        return h;
+    }
+    qint32 factura(const QDate& fecha, std::vector<LineaPrueba> lineas = {{100}, {40, 2, 2}}) {
+        const qint32 nota = e->albaran(cliente, fecha, 2, lineas);
+        const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), cabecera(fecha), {nota});
         EXPECT_EQ(r.estado, EstadoFacturacion::Hecha) << r.motivo.toStdString();
         return r.idFactura;
     }
@@ -127,19 +131,14 @@ TEST_P(CadenaFiscal, AnInvoiceThatIsUndoneLeavesNoRecordAndNoneWhenRecordsAreOff
     // whole invoice: no record may stay behind.
     RechazaInserciones(e->bd(), QStringLiteral("VfEnvio"));
     const qint32 nota = e->albaran(cliente, kDia2, 2, {{100}});
-    CabeceraFactura h;
-    h.serie = QStringLiteral("A");
-    h.fecha = kDia2;
-    h.idCliente = cliente;
-    h.idFco = contado;
-    const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), h, {nota});
+    const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), cabecera(kDia2), {nota});
     EXPECT_EQ(r.estado, EstadoFacturacion::NoHecha);
     EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), 0);
     EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM VfRegistro")), 0);
     EXPECT_EQ(cuenta(QStringLiteral("SELECT Cav_Situa FROM Cav WHERE Cav_Id = ?"), {nota}), 1);
 
     e->parametro(QStringLiteral("Par_VfActivo"), 0);
-    const ResultadoFacturacion sin = FacturaAlbaranes(e->factura(), h, {nota});
+    const ResultadoFacturacion sin = FacturaAlbaranes(e->factura(), cabecera(kDia2), {nota});
     EXPECT_EQ(sin.estado, EstadoFacturacion::Hecha) << sin.motivo.toStdString();
     EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM VfRegistro")), 0);
 }
@@ -147,12 +146,7 @@ TEST_P(CadenaFiscal, AnInvoiceThatIsUndoneLeavesNoRecordAndNoneWhenRecordsAreOff
 TEST_P(CadenaFiscal, AWithoutNifCompanyIssuesNothing) {
     e->parametro(QStringLiteral("Par_Doc"), QString());
     const qint32 nota = e->albaran(cliente, kDia2, 2, {{100}});
-    CabeceraFactura h;
-    h.serie = QStringLiteral("A");
-    h.fecha = kDia2;
-    h.idCliente = cliente;
-    h.idFco = contado;
-    const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), h, {nota});
+    const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), cabecera(kDia2), {nota});
     EXPECT_EQ(r.estado, EstadoFacturacion::NoHecha);
     EXPECT_TRUE(r.motivo.contains(mensajes::kSinNifEmisor)) << r.motivo.toStdString();
     EXPECT_EQ(cuenta(QStringLiteral("SELECT COUNT(*) FROM Fav")), 0);
@@ -267,15 +261,9 @@ TEST_P(CadenaFiscal, TheDatabaseRefusesToChangeARecordAndVerificationNamesAnAlte
     e->cn().Execute(
         QStringLiteral("UPDATE VfRegistro SET Vfr_Huella = 'X' WHERE Vfr_Id = (SELECT MAX(Vfr_Id) "
                        "FROM VfRegistro)"));
-    CabeceraFactura h;
-    h.serie = QStringLiteral("A");
-    h.fecha = kDia5;
-    h.idCliente = cliente;
-    h.idFco = contado;
-    const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), h, {nota});
+    const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), cabecera(kDia5), {nota});
     EXPECT_EQ(r.estado, EstadoFacturacion::NoHecha);
-    EXPECT_TRUE(r.motivo.contains(u"no está bien encadenado"))
-        << r.motivo.toStdString();
+    EXPECT_TRUE(r.motivo.contains(u"no está bien encadenado")) << r.motivo.toStdString();
 }
 
 TEST_P(CadenaFiscal, AClockMoreThanAMinuteBehindTheLastRecordStopsTheInvoicing) {
@@ -297,12 +285,7 @@ TEST_P(CadenaFiscal, AClockMoreThanAMinuteBehindTheLastRecordStopsTheInvoicing) 
          adelantado.fecha, adelantado.tipoFactura, adelantado.cuotaTotal, adelantado.importeTotal,
          adelantado.huellaAnterior, adelantado.fechaHora, adelantado.huella});
     const qint32 nota = e->albaran(cliente, kDia5, 2, {{100}});
-    CabeceraFactura h;
-    h.serie = QStringLiteral("A");
-    h.fecha = kDia5;
-    h.idCliente = cliente;
-    h.idFco = contado;
-    const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), h, {nota});
+    const ResultadoFacturacion r = FacturaAlbaranes(e->factura(), cabecera(kDia5), {nota});
     EXPECT_EQ(r.estado, EstadoFacturacion::NoHecha);
     EXPECT_TRUE(r.motivo.contains(QLatin1String("Corrija el reloj"))) << r.motivo.toStdString();
     EXPECT_EQ(cuenta(QStringLiteral("SELECT Cav_Situa FROM Cav WHERE Cav_Id = ?"), {nota}), 1);
